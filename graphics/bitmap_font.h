@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "graphics/share_count.h"
+#include "graphics/surface.h"
+
+namespace mygame
+{
+
+/// The glyphs of a set of characters, cut from one picture. Copies share the glyphs, and with them the colour
+/// key.
+///
+/// In the picture the glyphs stand side by side in the order of the character set. Row 0 only marks them: a
+/// glyph is a run of columns whose row-0 pixel has the colour of the top-left pixel, and its pixels are the
+/// other rows of those columns.
+class BitmapFont
+{
+public:
+    BitmapFont() = default;
+    BitmapFont(const BitmapFont &other);
+    BitmapFont &operator=(const BitmapFont &other);
+    virtual ~BitmapFont();
+
+    /// Cuts one glyph for each character from a picture file with a full path. Characters beyond the
+    /// picture's last glyph get one of width 0. @return false, without glyphs, when the picture cannot be
+    /// loaded.
+    bool load(const std::u16string &path, const std::u16string &characters);
+
+    /// Gives up this font's share of the glyphs; texts draw nothing then.
+    void release();
+
+    /// Sets the key on every glyph, for all copies.
+    void setColourKey(Pixel colour);
+
+    /// Null for a character without a glyph.
+    const Surface *glyph(char16_t character) const;
+
+    /// Pixels left empty between two glyphs.
+    std::int32_t spacing() const { return spacing_; }
+
+    /// Pixels from the first glyph to the last. Characters without a glyph count with their spacing alone,
+    /// and the empty text measures one spacing less than nothing.
+    std::int32_t textWidth(const std::u16string &text) const;
+
+private:
+    std::int32_t spacing_ = 1;
+    std::map<char16_t, Surface *> glyphs; ///< Shared; deleted by the last holder.
+    ShareCount shareCount;
+};
+
+} // namespace mygame

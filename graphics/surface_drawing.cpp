@@ -1,0 +1,114 @@
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <utility>
+
+#include "graphics/surface.h"
+
+namespace mygame
+{
+namespace
+{
+
+/// Chooses instead of branching, so that the compiler can handle many pixels at once.
+void copyRowKeyed(Pixel *__restrict target, const Pixel *__restrict source, std::int32_t count, Pixel key)
+{
+    for (std::int32_t i = 0; i < count; ++i)
+        target[i] = source[i] == key ? target[i] : source[i];
+}
+
+void copyRowWhole(Pixel *__restrict target, const Pixel *__restrict source, std::int32_t count)
+{
+    std::memcpy(target, source, static_cast<std::size_t>(count) * sizeof(Pixel));
+}
+
+} // namespace
+
+void Surface::fill(Pixel colour) { std::fill_n(pixels_, pixelCount_, colour); }
+
+void Surface::fillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Pixel colour)
+{
+    if (x2 < 0 || y2 < 0 || x1 > width_ || y1 > height_)
+        return;
+    x1 = std::max(x1, 0);
+    y1 = std::max(y1, 0);
+    x2 = std::min(x2, width_ - 1);
+    y2 = std::min(y2, height_ - 1);
+    if (x2 < x1)
+        return;
+    for (std::int32_t y = y1; y <= y2; ++y)
+        std::fill_n(pixels_ + x1 + y * width_, x2 - x1 + 1, colour);
+}
+
+void Surface::drawRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Pixel colour)
+{
+    if (x2 < x1)
+        std::swap(x1, x2);
+    if (y2 < y1)
+        std::swap(y1, y2);
+    plotRow(x1, x2, y1, colour);
+    plotRow(x1, x2, y2, colour);
+    plotColumn(x1, y1, y2, colour);
+    plotColumn(x2, y1, y2, colour);
+}
+
+void Surface::plotRow(std::int32_t x1, std::int32_t x2, std::int32_t y, Pixel colour)
+{
+    if (y < 0 || y >= height_)
+        return;
+    const std::int32_t end = std::min(x2, width_ - 1);
+    for (std::int32_t x = std::max(x1, 0); x <= end; ++x)
+        pixels_[x + y * width_] = colour;
+}
+
+void Surface::plotColumn(std::int32_t x, std::int32_t y1, std::int32_t y2, Pixel colour)
+{
+    if (x < 0 || x >= width_)
+        return;
+    const std::int32_t end = std::min(y2, height_ - 1);
+    for (std::int32_t y = std::max(y1, 0); y <= end; ++y)
+        pixels_[x + y * width_] = colour;
+}
+
+void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const
+{
+    Block block{0, 0, width_, height_, x, y};
+    if (x < 0) {
+        block.sx = -x;
+        block.dx = 0;
+        block.w = width_ + x;
+    }
+    if (y < 0) {
+        block.sy = -y;
+        block.dy = 0;
+        block.h = height_ + y;
+    }
+    if (x > target.width_ || y > target.height_ || block.w < 0 || block.h < 0)
+        return;
+    block.w = std::min(block.w, target.width_ - block.dx);
+    block.h = std::min(block.h, target.height_ - block.dy);
+    copyBlock(target, block);
+}
+
+void Surface::blitCentredTo(Surface &target, std::int32_t x, std::int32_t y) const
+{
+    blitTo(target, x - (width_ >> 1), y - (height_ >> 1));
+}
+
+void Surface::copyBlock(Surface &target, const Block &block) const
+{
+    if (block.h < 1 || block.w < 1)
+        return;
+    const Pixel *source = pixels_ + block.sx + block.sy * width_;
+    Pixel *destination = target.pixels_ + block.dx + block.dy * target.width_;
+    for (std::int32_t row = 0; row < block.h; ++row) {
+        if (keyEnabled_)
+            copyRowKeyed(destination, source, block.w, colourKey_);
+        else
+            copyRowWhole(destination, source, block.w);
+        source += width_;
+        destination += target.width_;
+    }
+}
+
+} // namespace mygame

@@ -1,0 +1,258 @@
+#include "shell/application.h"
+
+#include "platform/clock.h"
+#include "platform/frame_buffer.h"
+#include "shell/log.h"
+
+namespace mygame
+{
+namespace
+{
+
+constexpr char16_t kWindowClass[] = u"MyClass";
+constexpr char16_t kWindowTitle[] = u"MyGame";
+constexpr char16_t kTaskBarClass[] = u"HHTaskbar";
+
+constexpr std::uint32_t kFrameIntervalMs = 1;
+constexpr std::uint32_t kIdleSleepMs = 1;
+
+constexpr std::uint32_t kHideAround =
+    platform::SHFS_HIDETASKBAR | platform::SHFS_HIDESIPBUTTON | platform::SHFS_HIDESTARTICON;
+constexpr std::uint32_t kShowAround =
+    platform::SHFS_SHOWTASKBAR | platform::SHFS_SHOWSIPBUTTON | platform::SHFS_SHOWSTARTICON;
+
+constexpr std::uint16_t lowWord(std::uint32_t value) { return static_cast<std::uint16_t>(value); }
+constexpr std::uint16_t highWord(std::uint32_t value) { return static_cast<std::uint16_t>(value >> 16); }
+
+/// Brings another program's window to the front; the marked handle also brings what it owns.
+void bringToFront(platform::HWND other)
+{
+    const auto marked = reinterpret_cast<std::uintptr_t>(other) | 1;
+    platform::SetForegroundWindow(reinterpret_cast<platform::HWND>(marked));
+}
+
+struct ScreenSize {
+    int width;
+    int height;
+};
+
+ScreenSize screenSize()
+{
+    const int width = platform::GetSystemMetrics(platform::SM_CXSCREEN);
+    const int height = platform::GetSystemMetrics(platform::SM_CYSCREEN);
+    return {width, height};
+}
+
+platform::HWND taskBar() { return platform::FindWindowW(kTaskBarClass, nullptr); }
+
+void registerWindowClass(platform::HINSTANCE instance)
+{
+    platform::WNDCLASSW windowClass{};
+    windowClass.style = platform::CS_HREDRAW | platform::CS_VREDRAW;
+    windowClass.lpfnWndProc = platform::DefWindowProcW;
+    windowClass.hInstance = instance;
+    windowClass.hbrBackground = platform::GetStockObject(platform::WHITE_BRUSH);
+    windowClass.lpszClassName = kWindowClass;
+    platform::RegisterClassW(&windowClass);
+}
+
+} // namespace
+
+Application::Application() : nextFrameTime(platform::GetTickCount()), frameInterval(kFrameIntervalMs) {}
+
+Application::~Application()
+{
+    platform::ShowWindow(taskBar(), platform::SW_SHOW);
+    platform::SetFullScreen(window, kShowAround);
+    closeLog();
+    display.reset();
+    screens.clear();
+}
+
+bool Application::init(platform::HINSTANCE instance, int showCommand)
+{
+    logText("Init");
+    if (!createWindow(instance, showCommand)) {
+        logText("Init Failed");
+        return false;
+    }
+    display = std::make_unique<Display>(window);
+    platform::GXOpenInput();
+    return activate(nullptr);
+}
+
+bool Application::createWindow(platform::HINSTANCE instance, int showCommand)
+{
+    if (platform::HWND other = platform::FindWindowW(kWindowClass, kWindowTitle)) {
+        bringToFront(other);
+        return false;
+    }
+    registerWindowClass(instance);
+    const ScreenSize size = screenSize();
+    platform::HWND created =
+        platform::CreateWindowExW(0, kWindowClass, kWindowTitle, platform::WS_VISIBLE, 0, 0, size.width,
+                                  size.height, nullptr, nullptr, instance, nullptr);
+    if (!created)
+        return false;
+    hideSurroundings(created);
+    platform::ShowWindow(created, showCommand);
+    // Read again: hiding the task bar may have changed the screen's size.
+    const ScreenSize shown = screenSize();
+    platform::MoveWindow(created, 0, 0, shown.width, shown.height, 1);
+    platform::UpdateWindow(created);
+    window = created;
+    return true;
+}
+
+void Application::hideSurroundings(platform::HWND created) const
+{
+    platform::SetFullScreen(created, kHideAround);
+    platform::ShowWindow(taskBar(), platform::SW_HIDE);
+}
+
+void Application::run()
+{
+    stopRequested = false;
+    do
+        runPass();
+    while (!stopRequested);
+    deactivate();
+    logText("Main loop stopped");
+}
+
+void Application::requestStop() { stopRequested = true; }
+
+void Application::runPass()
+{
+    handleMessages();
+    const std::uint32_t now = platform::GetTickCount();
+    if (static_cast<std::int32_t>(now) >= static_cast<std::int32_t>(nextFrameTime)) {
+        if (platform::GetForegroundWindow() == window)
+            runFrame();
+        nextFrameTime = now + frameInterval;
+    } else {
+        platform::Sleep(kIdleSleepMs);
+    }
+}
+
+void Application::runFrame()
+{
+    if (display->beginDraw()) {
+        render(display->backBuffer());
+        display->endDraw();
+    }
+    update(platform::GetTickCount());
+}
+
+void Application::handleMessages()
+{
+    platform::MSG message;
+    while (platform::PeekMessageW(&message, nullptr, 0, 0, platform::PM_REMOVE)) {
+        handleMessage(message);
+        platform::TranslateMessage(&message);
+        platform::DispatchMessageW(&message);
+    }
+}
+
+void Application::handleMessage(const platform::MSG &message)
+{
+    const auto place = static_cast<std::uint32_t>(message.lParam);
+    switch (message.message) {
+    case platform::WM_ACTIVATE:
+        lowWord(message.wParam) == 0 ? platform::GXSuspend() : platform::GXResume();
+        break;
+    case platform::WM_SETFOCUS:
+        platform::GXResume();
+        break;
+    case platform::WM_KILLFOCUS:
+        platform::GXSuspend();
+        break;
+    case platform::WM_QUERYENDSESSION:
+    case platform::WM_QUIT:
+        requestStop();
+        break;
+    case platform::WM_KEYDOWN:
+        keyDown(lowWord(message.wParam));
+        break;
+    case platform::WM_KEYUP:
+        keyUp(lowWord(message.wParam));
+        break;
+    case platform::WM_MOUSEMOVE:
+        pointerMove(lowWord(place), highWord(place));
+        break;
+    case platform::WM_LBUTTONDOWN:
+        pointerDown(lowWord(place), highWord(place));
+        break;
+    case platform::WM_LBUTTONUP:
+        pointerUp(lowWord(place), highWord(place));
+        break;
+    default:
+        break;
+    }
+}
+
+void Application::addScreen(const std::string &name, Screen *screen) { screens[name] = screen; }
+
+void Application::setScreen(const std::string &name)
+{
+    if (Screen *screen = findScreen(name))
+        setCurrentScreen(screen);
+}
+
+void Application::setCurrentScreen(Screen *screen)
+{
+    if (currentScreen_)
+        currentScreen_->deactivate();
+    currentScreen_ = screen;
+    currentScreen_->activate(this);
+}
+
+Screen *Application::findScreen(const std::string &name) const
+{
+    const auto found = screens.find(name);
+    return found == screens.end() ? nullptr : found->second;
+}
+
+void Application::render(Surface &target)
+{
+    if (currentScreen_)
+        currentScreen_->render(target);
+}
+
+void Application::update(std::uint32_t now)
+{
+    if (currentScreen_)
+        currentScreen_->update(now);
+}
+
+void Application::keyDown(std::uint16_t key)
+{
+    if (currentScreen_)
+        currentScreen_->keyDown(key);
+}
+
+void Application::keyUp(std::uint16_t key)
+{
+    if (currentScreen_)
+        currentScreen_->keyUp(key);
+}
+
+void Application::pointerMove(std::uint16_t x, std::uint16_t y)
+{
+    if (currentScreen_)
+        currentScreen_->pointerMove(x, y);
+}
+
+void Application::pointerUp(std::uint16_t x, std::uint16_t y)
+{
+    if (currentScreen_)
+        currentScreen_->pointerUp(x, y);
+}
+
+void Application::pointerDown(std::uint16_t x, std::uint16_t y)
+{
+    if (currentScreen_)
+        currentScreen_->pointerDown(x, y);
+}
+
+} // namespace mygame

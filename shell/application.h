@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/window.h"
+#include "shell/display.h"
+#include "shell/screen.h"
+
+namespace mygame
+{
+
+/// The program's window, its main loop and its screens. As a screen it passes drawing and input on to the
+/// current one, and does nothing while there is none.
+class Application : public Screen
+{
+public:
+    Application();
+    /// Restores what surrounds the window and closes log and display. Screens belong to whoever made them.
+    ~Application() override;
+    Application(const Application &) = delete;
+    Application &operator=(const Application &) = delete;
+
+    /// Creates the window and opens the display. @return false when there is no window, because creating it
+    /// failed or because another copy is running, which then comes to the front.
+    bool init(platform::HINSTANCE instance, int showCommand);
+
+    /// Runs frames until a stop is requested. After a successful `init`.
+    void run();
+
+    /// Makes the loop end after its current pass. Without effect before `run`.
+    void requestStop();
+
+    /// Registers a screen, replacing one of the same name. Names are compared byte by byte.
+    void addScreen(const std::string &name, Screen *screen);
+
+    /// Makes the named screen current at once, also when it already is: the old one is deactivated, the new
+    /// one activated. Does nothing for a name that is not registered.
+    void setScreen(const std::string &name);
+
+    /// The same for a screen that need not be registered. Not null.
+    void setCurrentScreen(Screen *screen);
+
+    /// The registered screen, or null.
+    Screen *findScreen(const std::string &name) const;
+
+    /// Null until a screen was set.
+    Screen *currentScreen() const { return currentScreen_; }
+
+    void render(Surface &target) override;
+    void update(std::uint32_t now) override;
+    void keyDown(std::uint16_t key) override;
+    void keyUp(std::uint16_t key) override;
+    void pointerMove(std::uint16_t x, std::uint16_t y) override;
+    void pointerUp(std::uint16_t x, std::uint16_t y) override;
+    void pointerDown(std::uint16_t x, std::uint16_t y) override;
+
+private:
+    bool createWindow(platform::HINSTANCE instance, int showCommand);
+    void hideSurroundings(platform::HWND created) const;
+    void runPass();
+    void handleMessages();
+    void handleMessage(const platform::MSG &message);
+    void runFrame();
+
+    platform::HWND window = nullptr;
+    std::unique_ptr<Display> display;
+    bool stopRequested = false;
+    std::uint32_t nextFrameTime; ///< Tick at or after which a frame is due.
+    std::uint32_t frameInterval; ///< Milliseconds.
+    Screen *currentScreen_ = nullptr;
+    std::map<std::string, Screen *> screens;
+};
+
+} // namespace mygame

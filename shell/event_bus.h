@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <map>
+#include <memory>
+
+#include "shell/event.h"
+#include "shell/event_listener.h"
+
+namespace mygame
+{
+
+/// Carries events from whoever posts them to the listeners of their type: first in, first out, and only when
+/// the queue is delivered.
+class EventBus
+{
+public:
+    /// The one bus of the process, made at the first call and never destroyed.
+    static EventBus &instance();
+
+    /// Queues an event, not null, for the next delivery.
+    void post(std::unique_ptr<Event> event);
+
+    /// Lets a listener receive the events of a type, after those that subscribed before, and once for each
+    /// subscription. There is no way back: the listener must outlive the last delivery.
+    void subscribe(std::int32_t type, EventListener *listener);
+
+    /// Delivers and destroys all that is queued, including what listeners post meanwhile. Not to be called by
+    /// a listener.
+    void dispatchAll();
+
+private:
+    void deliver(const Event &event) const;
+
+    std::list<std::unique_ptr<Event>> queue;
+    std::multimap<std::int32_t, EventListener *> subscribers;
+};
+
+} // namespace mygame

@@ -1,0 +1,21 @@
+#include "platform/sound.h"
+
+#include <fstream>
+#include <string_view>
+
+#include "platform/virtual/virtual_device.h"
+
+namespace platform
+{
+
+BOOL PlaySoundW(const char16_t *path, void *, std::uint32_t)
+{
+    const std::string hostPath = VirtualDevice::instance().hostPath(path);
+    if (hostPath.empty() || !std::ifstream(hostPath))
+        return 0;
+    const std::u16string_view name(path);
+    VirtualDevice::instance().sounds.emplace_back(name.substr(name.rfind(u'\\') + 1));
+    return 1;
+}
+
+} // namespace platform

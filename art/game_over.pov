@@ -5,6 +5,7 @@
 
 Flat(240, 320)
 #declare Sun = vnormalize(<-0.70, 0.50, -0.40>);
+SunFrom(Sun)
 Sunlight(Sun, 1.5)
 Bounce(0.2)
 
@@ -31,7 +32,7 @@ Bounce(0.2)
 }
 
 #macro BrokenSurface(Lon, Lat, Roll)
-  #declare Skin = EarthSurface(Lon, Lat, Roll, Sun, 0.6)
+  #declare Skin = EarthSurface(Lon, Lat, Roll, 0.6)
   texture {
     function { sqrt(x * x + y * y + z * z) }
     texture_map {
@@ -51,6 +52,6 @@ union {
     max_gradient 5 accuracy 0.0005
     BrokenSurface(14, 12, -14)
   }
-  Air(Sun)
+  Air()
   scale 84 translate At(112, 112, 0)
 }

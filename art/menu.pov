@@ -6,11 +6,12 @@
 
 Flat(240, 320)
 #declare Sun = vnormalize(<-0.86, 0.40, -0.30>);
+SunFrom(Sun)
 Sunlight(Sun, 1.6)
 Bounce(0.35)
 Edge(srgb <0.45, 0.66, 0.95>, 0.12)
 
-object { Earth(12, -18, -16, Sun, 1.8) scale 205 translate At(150, 425, 400) }
+object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
 
 #macro FallingRock(File, Colour, Dust, Spin, Size, Place)
   #include File

@@ -31,8 +31,8 @@ Bounce(0.2)
   finish { emission 1.0 diffuse 0.3 }
 }
 
-#macro BrokenSurface(Lon, Lat, Roll)
-  #declare Skin = EarthSurface(Lon, Lat, Roll, 0.6)
+#declare Skin = EarthSurface(14, 12, -14, 0.6)
+#declare BrokenSurface =
   texture {
     function { sqrt(x * x + y * y + z * z) }
     texture_map {
@@ -40,8 +40,6 @@ Bounce(0.2)
       [0.990 Skin]
     }
   }
-#end
-
 union {
   isosurface {
     function {
@@ -50,7 +48,7 @@ union {
     }
     contained_by { sphere { 0, 1.001 } }
     max_gradient 5 accuracy 0.0005
-    BrokenSurface(14, 12, -14)
+    texture { BrokenSurface }
   }
   Air()
   scale 84 translate At(112, 112, 0)

@@ -1,7 +1,7 @@
 // A small Earth for the icons and the shop: a ball with made-up continents,
 // clouds, an ocean that catches the sun, and a rim of air.
 //
-// globe OUTPUT.PNG SIZE [TURN]     TURN: degrees around the axis
+// globe OUTPUT.PNG SIZE TURN TILT     TURN around the axis and TILT towards the viewer, in degrees
 
 #include "image.h"
 
@@ -55,15 +55,16 @@ Colour surface(Vec p, Vec n, Vec sun)
 {
     const float land = step(0.50f, 0.54f, cloudy(p * 2.1f + Vec{11, 3, 7}, 5));
     const float dry = step(0.40f, 0.60f, cloudy(p * 3.3f + Vec{1, 9, 4}, 4));
-    const float ice = step(0.82f, 0.9f, std::fabs(p.y) + 0.1f * cloudy(p * 6, 3));
+    const float ice = step(0.92f, 0.99f, std::fabs(p.y) + 0.1f * cloudy(p * 6, 3));
     const float cloud = step(0.50f, 0.70f, cloudy(Vec{p.x * 2.4f, p.y * 4.6f, p.z * 2.4f} + Vec{5, 2, 8}, 5));
     const float lit = std::max(0.0f, dot(n, sun));
-    Colour c = mix(hex("#0E3C78"), hex("#2B86D8"), lit);
+    Colour c = mix(hex("#0E4488"), hex("#2F90E4"), lit);
     c = mix(c, mix(hex("#4E7A45"), hex("#B09A5A"), dry), land);
     c = mix(c, hex("#F0F6FC"), std::max(ice, cloud * 0.95f));
-    const float day = 0.05f + 1.25f * step(-0.08f, 1.05f, dot(n, sun));
+    const float day = 0.04f + 1.08f * step(-0.08f, 1.05f, dot(n, sun));
     const float glint = std::pow(std::max(0.0f, dot(n, unit(sun + Vec{0, 0, 1}))), 40.0f) * (1 - land) * (1 - cloud) * 0.5f;
-    c = {c.r * day + glint, c.g * day + glint, c.b * day + glint * 0.9f, 1};
+    const float bounce = 0.05f + 0.04f * std::max(0.0f, -n.y);
+    c = {c.r * (day + bounce * 0.5f) + glint, c.g * (day + bounce) + glint, c.b * (day + bounce * 1.8f) + glint * 0.9f, 1};
     const float rim = std::pow(1 - n.z, 2.6f) * (0.15f + step(-0.3f, 0.6f, dot(n, sun)));
     return mix(c, hex("#7FDCFF"), rim * 0.9f);
 }
@@ -72,10 +73,10 @@ Colour surface(Vec p, Vec n, Vec sun)
 
 int main(int argc, char **argv)
 {
-    if (argc < 3)
-        fail("usage: globe OUTPUT.PNG SIZE [TURN]");
+    if (argc != 5)
+        fail("usage: globe OUTPUT.PNG SIZE TURN TILT");
     const int size = std::atoi(argv[2]);
-    const float turn = argc > 3 ? float(std::atof(argv[3]) * M_PI / 180) : 0, tilt = 0.4f;
+    const float turn = float(std::atof(argv[3]) * M_PI / 180), tilt = float(std::atof(argv[4]) * M_PI / 180);
     const Vec sun = unit({-0.6f, 0.65f, 0.45f});
     Image image(size, size);
     for (int y = 0; y < size; ++y)

@@ -56,7 +56,7 @@ lit() {
 
 ./fontstrip "$here/font.txt" "$here/font_big.txt" "$data"
 
-./globe globe.png 512 90
+./globe globe.png 512 210 23
 
 lit cap 60 29 big.png
 ./reduce big.png "$data/menu_left.png" 60 29 key '#FF00FF'

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the sound of an explosion out of noise and a falling tone.
+# Makes the sound of an explosion out of noise and falling tones.
 # explosion.sh OUTPUT.WAV
 set -eu
 [ $# -eq 1 ] || { echo "usage: explosion.sh OUTPUT.WAV" >&2; exit 1; }
@@ -7,24 +7,25 @@ command -v sox >/dev/null || { echo "explosion.sh: sox is missing (package sox)"
 dir=$(mktemp -d)
 trap 'rm -rf "$dir"' EXIT
 
-# layer NAME SECONDS SOUND EFFECT...: a sound that dies away evenly in decibels.
-# -R starts the noise from the same seed each time, so that every run is alike.
+# layer NAME LOUDNESS SECONDS SOUND EFFECT...: a sound that sinks by 100 dB in SECONDS, evenly, and is
+# brought to LOUDNESS dB at its peak. -R starts the noise from the same seed, so that every run is alike.
 layer() {
-    name=$1 seconds=$2 sound=$3
-    shift 3
+    name=$1 loudness=$2 seconds=$3 sound=$4
+    shift 4
     # shellcheck disable=SC2086
-    sox -R -r 44100 -n -b 24 -c 1 "$dir/$name.wav" synth "$seconds" $sound "$@" \
-        fade l 0.0006 "$seconds" "$seconds"
+    sox -R -r 44100 -n -b 24 -c 1 "$dir/$name.wav" synth "$seconds" $sound gain -9 "$@" \
+        fade l 0.0005 "$seconds" "$seconds" gain -n "$loudness"
 }
 
-layer crack 0.22 whitenoise highpass 1400 norm -3
-layer blast 0.90 whitenoise lowpass 1600 lowpass 2600 norm -3
-layer rumble 1.40 brownnoise lowpass 420 highpass 35 tremolo 13 45 norm -3
-layer debris 1.30 pinknoise highpass 700 tremolo 23 80 norm -3
-layer thump 1.10 'sine 150/32' norm -3
-layer knock 0.12 'sine 420/80' norm -3
+layer crack -11 0.30 whitenoise highpass 1200
+layer blast -5 1.30 whitenoise lowpass 1500 lowpass 2400
+layer body -6 1.90 brownnoise lowpass 700 highpass 60
+layer rumble -6 2.60 brownnoise lowpass 240 highpass 32 tremolo 11 40
+layer debris -25 2.20 pinknoise highpass 500 lowpass 6000 tremolo 17 70
+layer thump -3 1.80 'sine 170/30'
+layer knock -9 0.14 'sine 480/90'
 
-sox -m -v 0.55 "$dir/crack.wav" -v 0.95 "$dir/blast.wav" -v 1.0 "$dir/rumble.wav" \
-    -v 0.16 "$dir/debris.wav" -v 0.95 "$dir/thump.wav" -v 0.5 "$dir/knock.wav" \
-    -b 24 "$dir/mix.wav" gain -12
-sox -D "$dir/mix.wav" -b 16 "$1" highpass 28 norm -1 overdrive 7 0 gain -n -1.5 fade h 0.0006 1.35 0.35
+sox -m "$dir/crack.wav" "$dir/blast.wav" "$dir/body.wav" "$dir/rumble.wav" "$dir/debris.wav" \
+    "$dir/thump.wav" "$dir/knock.wav" -b 24 "$dir/mix.wav"
+sox -D "$dir/mix.wav" -b 16 "$1" highpass 26 gain -n -2 overdrive 9 0 gain -n -1.5 \
+    trim 0 1.4 fade h 0.0005 1.4 0.5

@@ -19,7 +19,8 @@ const Colour kMarker = hex("#FFFFFF");
 const Colour kSeparator = hex("#000000");
 const Colour kOutline = hex("#060A14");
 
-/// Columns and rows that a glyph's box leaves around the ink, and how ink is coloured.
+/// Columns and rows that a glyph's box leaves around the ink, and how ink is coloured. Small letters of the
+/// small font have no room for an outline on their left; capitals always have one.
 struct Style {
     int left, right, top, rows, space;
     Colour (*shade)(float y, float light);
@@ -64,8 +65,8 @@ Image makeStrip(const std::string &set, const Alphabet &alphabet, const Style &s
         if (c != ' ' && alphabet.find(c) == alphabet.end())
             fail(std::string("no letter drawn for ") + c);
         Style own = style;
-        if (c < 'A' || c > 'Z')
-            own.left = std::min(own.left, style.right > 1 ? 9 : own.left);
+        if (c >= 'A' && c <= 'Z')
+            own.left = 1;
         boxes.push_back(c == ' ' ? Image(style.space, style.rows, kKey) : drawGlyph(alphabet.at(c), own));
         width += boxes.back().width;
     }

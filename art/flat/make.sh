@@ -57,6 +57,7 @@ lit() {
 ./fontstrip "$here/font.txt" "$here/font_big.txt" "$data"
 
 ./globe globe.png 512 210 23
+./globe limb.png 1024 20 -30
 
 lit cap 60 29 big.png
 ./reduce big.png "$data/menu_left.png" 60 29 key '#FF00FF'

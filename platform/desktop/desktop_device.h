@@ -11,6 +11,7 @@
 #include "platform/desktop/message_queue.h"
 #include "platform/desktop/sampled_clock.h"
 #include "platform/desktop/single_instance.h"
+#include "platform/desktop/sound_player.h"
 #include "platform/window.h"
 
 namespace platform
@@ -45,6 +46,7 @@ public:
 
     GameWindow window;
     SingleInstance singleInstance;
+    SoundPlayer sound;
 
 private:
     DesktopDevice();

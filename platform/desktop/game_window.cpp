@@ -9,6 +9,7 @@
 #include "platform/desktop/graphics_probe.h"
 #include "platform/desktop/surface_presenter.h"
 #include "platform/desktop/texture_presenter.h"
+#include "platform/desktop/window_manager.h"
 
 namespace platform
 {
@@ -115,8 +116,27 @@ void GameWindow::toggleFullScreen()
 {
     if (!window)
         return;
+    if (!hasWindowManager(window.get())) {
+        toggleCover();
+        return;
+    }
     const bool full = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
     SDL_SetWindowFullscreen(window.get(), full ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
+
+void GameWindow::toggleCover()
+{
+    SDL_Rect place{};
+    if (uncovered) {
+        place = *std::exchange(uncovered, std::nullopt);
+    } else {
+        SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(window.get()), &place);
+        SDL_Rect &old = uncovered.emplace();
+        SDL_GetWindowPosition(window.get(), &old.x, &old.y);
+        SDL_GetWindowSize(window.get(), &old.w, &old.h);
+    }
+    SDL_SetWindowPosition(window.get(), place.x, place.y);
+    SDL_SetWindowSize(window.get(), place.w, place.h);
 }
 
 void GameWindow::raise()

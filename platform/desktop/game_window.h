@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
+#include <SDL_rect.h>
 #include <SDL_video.h>
 
 #include "platform/desktop/presenter.h"
@@ -46,10 +48,13 @@ private:
 
     void setIcon(const std::string &file);
     void makePresenter(bool graphicsProcessor);
+    void toggleCover();
 
     std::unique_ptr<SDL_Window, Destroy> window;
     std::unique_ptr<Presenter> presenter_;
     bool videoRuns = false;
+    /// Where the window was before it covered the display without a window manager's help.
+    std::optional<SDL_Rect> uncovered;
 };
 
 } // namespace platform

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <string>
 
 #include "platform/virtual/virtual_device.h"
 #include "shell/startup.h"
@@ -17,12 +17,21 @@ namespace
 constexpr int kExitBadUse = 2;
 constexpr int kExitStandstill = 3;
 
+/// @return false when the file cannot be read to its end, as a folder never can.
+bool readFile(const std::string &path, std::string &text)
+{
+    std::ifstream file(path, std::ios::binary);
+    char chunk[4096];
+    while (file.read(chunk, sizeof chunk), file.gcount() > 0)
+        text.append(chunk, static_cast<std::size_t>(file.gcount()));
+    return file.eof();
+}
+
 /// @return false, with a line on standard error, when the script cannot be read or has a fault.
 bool loadScript(const std::string &path, replay::Script &script)
 {
-    std::ifstream file(path, std::ios::binary);
-    const std::string text(std::istreambuf_iterator<char>(file), {});
-    if (!file.is_open() || file.bad() || std::filesystem::is_directory(path)) {
+    std::string text;
+    if (!readFile(path, text)) {
         std::cerr << "replay: cannot read the script '" << path << "'\n";
         return false;
     }

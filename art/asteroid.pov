@@ -21,12 +21,12 @@
 
 Flat(32, 32)
 Sunlight(SunWay, 2.1)
-Bounce(1.1)
-Edge(srgb <0.45, 0.66, 0.95>, 0.5)
+Bounce(1.5)
+Edge(srgb <0.45, 0.66, 0.95>, 0.9)
 
 object {
   Rock
-  RockTexture(Colour, Dust)
+  RockTexture(Colour, Dust, 0)
   rotate y * 360 * clock
   rotate Axis
   scale Size

@@ -275,18 +275,18 @@ Vec landColour(Point p, Vec s, double inland)
     colour = mix(colour, mix(hex(0xC09A5E), hex(0xA8743F), smooth(-0.3, 0.5, fractal(s * 12, 4))), dry);
     colour = mix(colour, hex(0x6E7358), cold * 0.7);
     const double peaks = ridged(s * 11, 4) * smooth(0.55, 0.95, inland);
-    colour = mix(colour, hex(0x6A5A48), 0.6 * smooth(0.62, 0.85, peaks));
+    colour = mix(colour, hex(0x6A5A48), 0.35 * smooth(0.62, 0.85, peaks));
     const double snow = std::max(smooth(64, 74, std::fabs(p.lat) + 5 * fractal(s * 8, 3)),
-                                 smooth(0.72, 0.9, peaks) * smooth(20, 45, std::fabs(p.lat)));
-    const bool greenland = p.lat > 60 && p.lon > -75 && p.lon < -15;
-    colour = mix(colour, hex(0xE4ECF4), greenland ? smooth(0.5, 0.9, inland) : snow);
+                                 0.6 * smooth(0.80, 0.92, peaks) * smooth(25, 45, std::fabs(p.lat)));
+        const double greenland = smooth(59, 62, p.lat) * smooth(32, 22, std::fabs(p.lon + 42)) * smooth(0.35, 0.8, inland);
+    colour = mix(colour, hex(0xE4ECF4), std::max(snow, greenland));
     return colour * (1 + 0.30 * fractal(s * 30, 4));
 }
 
 Vec seaColour(Point p, Vec s, double coast)
 {
     Vec colour = mix(hex(0x0A2A58), hex(0x10488C), smooth(-0.7, 0.7, fractal(s * 3, 4)));
-    colour = mix(colour, hex(0x2A86B4), 0.75 * smooth(0.0, 0.5, coast));
+    colour = mix(colour, hex(0x1F74A8), 0.55 * smooth(0.05, 0.5, coast));
     const double ice = smooth(73, 79, p.lat + 4 * fractal(s * 8, 4));
     return mix(colour, hex(0xDCE8F2), ice);
 }

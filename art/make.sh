@@ -61,8 +61,8 @@ for kind in 1 2 3 4; do
 done
 
 echo "satellite, missile, blast"
-render satellite satellite.png 360 288
-./pack picture "$data/satellite.png" 30 24 0.35 satellite.png
+render satellite satellite.png 360 312
+./pack picture "$data/satellite.png" 30 26 0.35 satellite.png
 render missile missile.png 192 192
 ./pack strip "$data/missile.png" 12 12 0.25 missile.png
 ./explosion .

@@ -69,24 +69,24 @@ struct Rock
 
 const Rock kRocks[] = {
     // A round old body, pitted all over.
-    {11, {1.00, 0.90, 0.94}, 0.20, 0.030, 0, 1, 0,
+    {11, {1.00, 0.92, 0.95}, 0.16, 0.012, 0, 1, 0,
      {{{0.5, 0.5, -0.7}, 0.50, 0.24}, {{-0.8, -0.2, -0.5}, 0.42, 0.20}, {{0.2, -0.8, 0.5}, 0.46, 0.22},
       {{-0.3, 0.6, 0.75}, 0.44, 0.20}, {{0.95, -0.2, 0.3}, 0.36, 0.18}, {{-0.9, 0.45, 0.1}, 0.28, 0.14},
       {{0.3, -0.5, -0.85}, 0.30, 0.15}},
-     26},
+     12},
     // Two bodies grown together.
-    {23, {1.30, 0.72, 0.74}, 0.16, 0.035, 0, 1, 0.36,
+    {23, {1.30, 0.72, 0.74}, 0.14, 0.014, 0, 1, 0.38,
      {{{0.9, 0.3, -0.3}, 0.30, 0.15}, {{-0.85, 0.1, -0.5}, 0.34, 0.17}, {{-0.8, -0.3, 0.5}, 0.30, 0.14},
       {{0.8, -0.4, 0.4}, 0.32, 0.15}},
-     18},
+     9},
     // A splinter with flat, broken faces.
-    {37, {1.10, 1.00, 0.86}, 0.10, 0.030, 13, 0.74, 0,
+    {37, {1.10, 1.00, 0.86}, 0.08, 0.010, 13, 0.74, 0,
      {{{0.3, 0.4, -0.85}, 0.24, 0.11}, {{-0.5, -0.6, 0.6}, 0.26, 0.11}},
-     8},
+     5},
     // A flat stone with one blow that nearly broke it.
-    {53, {1.08, 0.98, 0.78}, 0.22, 0.045, 3, 0.86, 0,
+    {53, {1.08, 0.98, 0.78}, 0.18, 0.016, 3, 0.86, 0,
      {{{0.35, 0.35, -0.87}, 0.74, 0.40}, {{-0.7, -0.5, 0.5}, 0.50, 0.22}, {{0.6, -0.75, 0.2}, 0.34, 0.16}},
-     16},
+     9},
 };
 
 Vec scattered(std::uint32_t seed, std::uint32_t i)
@@ -102,7 +102,7 @@ double bowl(double d)
         return 0;
     const double floor = d < 1 ? d * d - 1 : 0;
     const double rim = 0.34 * std::exp(-(d - 1.03) * (d - 1.03) / 0.035);
-    return std::max(floor, -0.8) + rim;
+    return std::max(floor, -0.82) + rim;
 }
 
 double heightAt(const Rock &rock, const std::vector<Crater> &craters, Vec way)
@@ -128,7 +128,7 @@ void writeRock(const Rock &rock, const std::string &path)
     std::vector<Crater> craters = rock.large;
     for (int i = 0; i < rock.small; ++i)
     {
-        const double size = 0.09 + 0.13 * chance(rock.seed, static_cast<std::uint32_t>(i), 3);
+        const double size = 0.13 + 0.14 * chance(rock.seed, static_cast<std::uint32_t>(i), 3);
         craters.push_back({scattered(rock.seed, static_cast<std::uint32_t>(i)), size, size * 0.42});
     }
     Mesh mesh = ball(6);

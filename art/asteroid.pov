@@ -16,12 +16,13 @@
   #break
   #else
     #include "rock4.inc"
-    #declare Colour = RockOchre; #declare Dust = srgb <0.90, 0.76, 0.50>; #declare Axis = <-18, 0, -35>; #declare Size = 13.0;
+    #declare Colour = RockOchre; #declare Dust = srgb <0.88, 0.77, 0.56>; #declare Axis = <-18, 0, -35>; #declare Size = 13.0;
 #end
 
 Flat(32, 32)
 Sunlight(SunWay, 2.1)
 Bounce(1.5)
+light_source { <0.4, -0.2, -1> * 100000 color srgb <0.50, 0.50, 0.56> * 0.30 parallel point_at 0 shadowless }
 Edge(srgb <0.45, 0.66, 0.95>, 0.9)
 
 object {

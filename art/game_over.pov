@@ -16,7 +16,7 @@ Bounce(0.3)
 #declare Lon = 14; #declare Lat = 14; #declare Roll = -14;
 
 // The blow came from the right and tore out what lies in a rough ball around (WX, WY, WZ).
-#declare WX = 0.98; #declare WY = 0.10; #declare WZ = -0.62; #declare WR = 0.82;
+#declare WX = 1.12; #declare WY = 0.14; #declare WZ = -0.34; #declare WR = 0.86;
 #declare Rough = function(a, b, c) {
   f_noise3d(a * 2.6, b * 2.6, c * 2.6) - 0.5 + 0.5 * (f_noise3d(a * 7, b * 7, c * 7) - 0.5)
   + 0.28 * (f_noise3d(a * 17, b * 17, c * 17) - 0.5)
@@ -54,6 +54,20 @@ Bounce(0.3)
   }
 }
 
+#macro Shard(Low, High, Away, Spin)
+  isosurface {
+    function {
+      max(max(sqrt(x * x + y * y + z * z) - 1, 0.10 - Torn(x, y, z)),
+          max(max(Low - y + 0.20 * Rough(x * 1.3, z * 1.3, 4), y - High - 0.20 * Rough(x * 1.3, z * 1.3, 4)),
+              0.84 - sqrt(x * x + y * y + z * z) + 0.22 * Rough(y, z, x)))
+    }
+    contained_by { sphere { 0, 1.001 } }
+    max_gradient 3.6 accuracy 0.001
+    texture { BrokenSurface }
+    translate <-0.9, 0, 0.3> rotate Spin translate <0.9, 0, -0.3> translate Away
+  }
+#end
+
 union {
   isosurface {
     function { max(sqrt(x * x + y * y + z * z) - 1, Torn(x, y, z)) }
@@ -66,7 +80,7 @@ union {
     pigment {
       function {
         min(1, max(0, pow(CrackMap(x, y, z).red, 1.1) * (1.25 + 1.15 * Torn(x, y, z)) + 0.9 * max(0, 1 + 9 * Torn(x, y, z)) * (Torn(x, y, z) < 0)))
-        * (Torn(x, y, z) < 0)
+        * (Torn(x, y, z) < 0) * min(1, max(0, -6 * z - 0.6))
       }
       color_map {
         [0.28 srgb <0.20, 0.03, 0.02> transmit 1]
@@ -86,6 +100,10 @@ union {
     finish { diffuse 1 ambient 0 } hollow no_shadow
   }
   Air()
+  // What was torn out, in three pieces of crust.
+  Shard(0.30, 2, <0.30, 0.16, -0.02>, <8, -20, 6>)
+  Shard(-0.16, 0.26, <0.47, 0.02, -0.06>, <-4, -26, -8>)
+  Shard(-2, -0.20, <0.30, -0.20, -0.02>, <-10, -14, -12>)
   scale Radius translate Middle
 }
 
@@ -96,7 +114,7 @@ disc { 0, z, 1
     color_map { [0 srgb <0.9, 0.25, 0.08> transmit 1] [0.5 srgb <1, 0.45, 0.12> transmit 0.72] [1 srgb <1, 0.75, 0.35> transmit 0.45] }
   }
   finish { emission 1 diffuse 0 ambient 0 } no_shadow
-  scale <92, 88, 1> translate Middle + <44, 6, -150>
+  scale <92, 88, 1> translate Middle + <50, 8, 60>
 }
 
 // Fragments fly off, lit by the core on the side that faces it.
@@ -111,16 +129,13 @@ light_source { Core color srgb <1.0, 0.50, 0.18> * 5 fade_distance 40 fade_power
   object { Shape RockTexture(srgb <0.34, 0.29, 0.27>, srgb <0.50, 0.45, 0.42>, 0.3)
     rotate 360 * <rand(Chance), rand(Chance), rand(Chance)> scale Size translate At(X, Y, Z) }
 #end
-Fragment(Splinter, 13, 203, 92, -60)
-Fragment(Slab, 9, 186, 62, -80)
-Fragment(Slab, 7.5, 197, 138, -70)
-Fragment(Splinter, 6, 222, 66, -40)
-Fragment(Splinter, 5, 208, 40, -40)
-Fragment(Slab, 4.5, 226, 116, -40)
-Fragment(Splinter, 5, 176, 166, -80)
-Fragment(Slab, 3.5, 214, 158, -40)
-Fragment(Splinter, 3, 232, 36, -40)
-Fragment(Slab, 2.6, 192, 190, -40)
+Fragment(Splinter, 6, 226, 62, -40)
+Fragment(Slab, 5, 205, 34, -60)
+Fragment(Slab, 4, 232, 150, -40)
+Fragment(Splinter, 5, 196, 176, -80)
+Fragment(Slab, 3, 178, 30, -40)
+Fragment(Splinter, 3, 232, 30, -40)
+Fragment(Slab, 2.6, 172, 200, -40)
 #for (I, 1, 46)
   #local A = radians(-62 + 124 * rand(Chance));
   #local D = 62 + 90 * pow(rand(Chance), 1.3);

@@ -9,7 +9,7 @@ Flat(240, 320)
 #declare Sun = vnormalize(<-0.86, 0.40, -0.30>);
 SunFrom(Sun)
 Sunlight(Sun, 1.6)
-Bounce(0.9)
+Bounce(0.7)
 Edge(srgb <0.45, 0.66, 0.95>, 0.45)
 
 object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
@@ -18,10 +18,16 @@ object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
   #include File
   object { Rock RockTexture(Colour, Dust, 0.35) rotate Spin scale Size translate Place }
 #end
-FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <20, 200, 30>, 54, At(188, 46, 0))
+FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 95, 20>, 54, At(188, 46, 0))
 FallingRock("rock4.inc", RockOchre, srgb <0.90, 0.76, 0.50>, <50, 20, 10>, 15, At(100, 62, -50))
 FallingRock("rock3.inc", RockSlate, srgb <0.72, 0.78, 0.86>, <10, 120, 70>, 9, At(58, 30, -50))
 FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At(30, 78, -50))
+
+#declare Chance = seed(5);
+#for (I, 1, 16)
+  object { Rock RockTexture(RockBrown, srgb <0.78, 0.72, 0.64>, 0.3) rotate 360 * <rand(Chance), rand(Chance), 0>
+    scale 0.8 + 1.9 * pow(rand(Chance), 2) translate At(112 + 120 * rand(Chance), 6 + 100 * rand(Chance), -90 * (I > 8)) }
+#end
 
 // A rock that has reached the air: a white head and a tail of fire, in a plane of its own along x.
 #macro Meteor(Length, Width, Angle, Place)
@@ -45,9 +51,8 @@ FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At
     scale <Length, Width, 1> rotate z * Angle translate Place
   }
 #end
-Meteor(46, 6.5, 62, At(196, 240, -400))
-Meteor(22, 3.2, 66, At(226, 252, -400))
-Meteor(15, 2.2, 58, At(160, 234, -400))
+Meteor(62, 8.5, 60, At(192, 248, -400))
+Meteor(26, 3.6, 64, At(226, 262, -400))
+Meteor(17, 2.4, 57, At(158, 236, -400))
 
-light_source { <-0.2, 0.3, -1> * 100000 color SunColour * 0.35 parallel point_at 0 shadowless }
 object { Satellite rotate y * 26 rotate x * -24 rotate z * 12 scale 2.7 translate At(58, 262, -300) }

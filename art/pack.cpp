@@ -165,7 +165,7 @@ Vec skyAt(double x, double y, double nebula)
     const Vec c = mix(hex(0x03050C), hex(0x060A18), clamp01(y / 320));
     const Vec p{x / 80, y / 80, 4.2};
     const Vec stir{fractal(p * 1.3, 4), fractal(p * 1.3 + Vec{7, 3, 1}, 4), 0};
-    const Vec q = p + stir * 0.55;
+    const Vec q = p + stir * 0.38;
     const double off = (y - 100 - 0.5 * (x - 120)) / 75 + 0.5 * stir.x;
     const double band = std::exp(-off * off);
     const double veil = std::pow(clamp01(0.48 + 0.75 * fractal(q * 1.5, 6)), 2.2);

@@ -7,7 +7,7 @@ Flat(240, 320)
 
 #declare Low = vnormalize(<-0.93, 0.10, -0.36>);
 SunFrom(Low)
-Sunlight(Low, 1.6)
+Sunlight(Low, 2.0)
 Bounce(0.10)
 
 // The edge passes through (113, 260) and falls by 25 pixels over 120 to either side.

@@ -174,9 +174,9 @@ Pixel ringAt(double x, double y, double t)
 {
     const double r = std::sqrt(x * x + y * y);
     const double at = 0.40 + 0.60 * (1 - std::exp(-13 * t));
-    const double gaps = smooth(0.10, 0.30, t) * (0.5 + 0.5 * noise({x * 5, y * 5, 1.5}));
-    const double line = smooth(0.034, 0.012, std::fabs(r - at)) * (t > 0.04 && t < 0.33 ? 1 - gaps : 0);
-    return {mix(hex(0xFFE27A), hex(0xD9401E), smooth(0.06, 0.33, t)), line};
+    const double gaps = smooth(0.04, 0.24, t) * (0.62 + 0.6 * noise({x * 5, y * 5, 1.5}));
+    const double line = smooth(0.034, 0.012, std::fabs(r - at)) * (t > 0.04 && t < 0.30 ? std::max(0.0, 1 - gaps) : 0);
+    return {mix(hex(0xFFE27A), hex(0xD9401E), smooth(0.04, 0.28, t)), line};
 }
 
 std::uint8_t byteOf(double v) { return static_cast<std::uint8_t>(std::lround(255 * clamp01(v))); }

@@ -10,6 +10,7 @@ Flat(240, 320)
 SunFrom(Sun)
 Sunlight(Sun, 1.5)
 Bounce(0.3)
+Edge(srgb <0.50, 0.60, 0.85>, 0.35)
 
 #declare Middle = At(108, 112, 0);
 #declare Radius = 82;
@@ -49,8 +50,8 @@ Bounce(0.3)
 #declare BrokenSurface = texture {
   function { sqrt(x * x + y * y + z * z) }
   texture_map {
-    [0.988 Magma]
-    [0.990 Skin]
+    [0.974 Magma]
+    [0.978 Skin]
   }
 }
 
@@ -62,7 +63,7 @@ Bounce(0.3)
               0.84 - sqrt(x * x + y * y + z * z) + 0.22 * Rough(y, z, x)))
     }
     contained_by { sphere { 0, 1.001 } }
-    max_gradient 3.6 accuracy 0.001
+    max_gradient 3.2 accuracy 0.0006
     texture { BrokenSurface }
     translate <-0.9, 0, 0.3> rotate Spin translate <0.9, 0, -0.3> translate Away
   }
@@ -72,7 +73,7 @@ union {
   isosurface {
     function { max(sqrt(x * x + y * y + z * z) - 1, Torn(x, y, z)) }
     contained_by { sphere { 0, 1.001 } }
-    max_gradient 3.6 accuracy 0.001
+    max_gradient 3.2 accuracy 0.0006
     texture { BrokenSurface }
   }
   // Cracks run out from the wound over land and sea.
@@ -94,7 +95,7 @@ union {
   }
   sphere { 0, 1.006
     pigment {
-      function { (1 - CloudMap(x, y, z).transmit) * (Torn(x, y, z) < -0.04) }
+      function { (1 - CloudMap(x, y, z).transmit) * (Torn(x, y, z) < -0.04) * (z < 0.02) }
       color_map { [0 srgb <0.91, 0.93, 0.96> transmit 1] [1 srgb <0.91, 0.93, 0.96> transmit 0.05] }
     }
     finish { diffuse 1 ambient 0 } hollow no_shadow

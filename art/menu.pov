@@ -55,4 +55,4 @@ Meteor(62, 8.5, 60, At(192, 248, -400))
 Meteor(26, 3.6, 64, At(226, 262, -400))
 Meteor(17, 2.4, 57, At(158, 236, -400))
 
-object { Satellite rotate y * 26 rotate x * -24 rotate z * 12 scale 2.7 translate At(58, 262, -300) }
+object { Satellite rotate y * 30 rotate x * -20 rotate z * 20 scale 3.0 translate At(60, 266, -300) }

@@ -1,13 +1,14 @@
 // The field of play: the Earth's edge at the bottom, day on the left, the lights of the night on the right.
 #include "common.inc"
 #declare AirHeight = 0.013;
+#declare AirClear = 15;
 #include "earth.inc"
 
 Flat(240, 320)
 
 #declare Low = vnormalize(<-0.93, 0.10, -0.36>);
 SunFrom(Low)
-Sunlight(Low, 2.0)
+Sunlight(Low, 2.3)
 Bounce(0.10)
 
 // The edge passes through (113, 260) and falls by 25 pixels over 120 to either side.

@@ -10,7 +10,7 @@ Flat(240, 320)
 SunFrom(Sun)
 Sunlight(Sun, 1.5)
 Bounce(0.3)
-Edge(srgb <0.50, 0.60, 0.85>, 0.35)
+Edge(srgb <0.50, 0.64, 0.92>, 1.3)
 
 #declare Middle = At(108, 112, 0);
 #declare Radius = 82;

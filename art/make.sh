@@ -54,7 +54,7 @@ done
 
 echo "asteroids"
 for kind in 1 2 3 4; do
-    render asteroid "asteroid$kind-.png" 320 320 Declare=Kind=$kind +KFI1 +KFF16 +KC
+    render asteroid "asteroid$kind-.png" 320 320 Declare=Kind=$kind +KFI1 +KFF24 +KC
     suffix=$kind
     [ "$kind" != 1 ] || suffix=
     ./pack strip "$data/asteroid$suffix.png" 32 32 0.35 asteroid"$kind"-[0-9]*.png

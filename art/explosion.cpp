@@ -1,4 +1,5 @@
-// Renders the blast: a cloud of burning puffs that bursts, rolls up, breaks and thins out, marched through ray by ray.
+// Renders the blast: a cloud of burning puffs that bursts, rolls up, breaks and thins out, marched through
+// ray by ray.
 #include "picture.h"
 
 using namespace art;
@@ -11,8 +12,7 @@ constexpr int kSize = 64;   // pixels of the finished frame, the blast fills a r
 constexpr int kSamples = 4; // samples a pixel and direction
 constexpr double kReach = 28;
 
-struct Puff
-{
+struct Puff {
     Vec way;
     double far, size, birth, heat, cooling;
 };
@@ -29,15 +29,14 @@ std::vector<Puff> makePuffs()
 {
     constexpr int kShell = 40, kHeart = 16;
     std::vector<Puff> puffs;
-    for (int i = 0; i < kShell; ++i)
-    {
+    for (int i = 0; i < kShell; ++i) {
         const auto n = static_cast<std::uint32_t>(i);
         const Vec stray{chance(n, 1) - 0.5, chance(n, 2) - 0.5, chance(n, 3) - 0.5};
-        puffs.push_back({unit(spread(i, kShell, 0.4) + stray * 0.55), 0.58 + 0.30 * chance(n, 4), 0.24 + 0.15 * chance(n, 5),
-                         0.02 * chance(n, 6), 0.95 + 0.3 * chance(n, 7), 3.0 + 1.6 * chance(n, 8)});
+        puffs.push_back({unit(spread(i, kShell, 0.4) + stray * 0.55), 0.58 + 0.30 * chance(n, 4),
+                         0.24 + 0.15 * chance(n, 5), 0.02 * chance(n, 6), 0.95 + 0.3 * chance(n, 7),
+                         3.0 + 1.6 * chance(n, 8)});
     }
-    for (int i = 0; i < kHeart; ++i)
-    {
+    for (int i = 0; i < kHeart; ++i) {
         const auto n = static_cast<std::uint32_t>(i + 100);
         puffs.push_back({spread(i, kHeart, 1.9), 0.16 + 0.26 * chance(n, 4), 0.30 + 0.12 * chance(n, 5), 0.0,
                          1.15 + 0.2 * chance(n, 7), 2.2 + 1.3 * chance(n, 8)});
@@ -45,8 +44,7 @@ std::vector<Puff> makePuffs()
     return puffs;
 }
 
-struct Ball
-{
+struct Ball {
     Vec middle;
     double radius, heat;
 };
@@ -55,24 +53,24 @@ struct Ball
 std::vector<Ball> ballsAt(const std::vector<Puff> &puffs, double t)
 {
     std::vector<Ball> balls;
-    for (const Puff &p : puffs)
-    {
+    for (const Puff &p : puffs) {
         const double age = t - p.birth;
         if (age <= 0)
             continue;
         const double burst = 1 - std::exp(-11 * age);
         const double out = p.far * burst + 0.07 * age;
         const double grow = p.size * (0.35 + 0.85 * burst) * (1 + 0.12 * age);
-        balls.push_back({p.way * out + Vec{0, 0.07 * age * age, 0}, grow, p.heat * std::exp(-p.cooling * age)});
+        balls.push_back(
+            {p.way * out + Vec{0, 0.07 * age * age, 0}, grow, p.heat * std::exp(-p.cooling * age)});
     }
     return balls;
 }
 
 Vec fireColour(double heat)
 {
-    static const std::pair<double, std::uint32_t> kRamp[] = {{0.00, 0x2A2624}, {0.09, 0x4A342C}, {0.17, 0x5E2C1E},
-                                                             {0.27, 0xA82E16}, {0.38, 0xD9401E}, {0.55, 0xFF9A2E},
-                                                             {0.74, 0xFFE27A}, {0.95, 0xFFFDF0}};
+    static const std::pair<double, std::uint32_t> kRamp[] = {
+        {0.00, 0x2A2624}, {0.09, 0x4A342C}, {0.17, 0x5E2C1E}, {0.27, 0xA82E16},
+        {0.38, 0xD9401E}, {0.55, 0xFF9A2E}, {0.74, 0xFFE27A}, {0.95, 0xFFFDF0}};
     for (std::size_t i = 1; i < std::size(kRamp); ++i)
         if (heat < kRamp[i].first)
             return mix(hex(kRamp[i - 1].second), hex(kRamp[i].second),
@@ -80,16 +78,14 @@ Vec fireColour(double heat)
     return hex(0xFFFDF0);
 }
 
-struct Sample
-{
+struct Sample {
     double density = 0, heat = 0;
 };
 
 Sample sampleAt(const std::vector<Ball> &balls, Vec p, double t)
 {
     double field = 0, heat = 0;
-    for (const Ball &b : balls)
-    {
+    for (const Ball &b : balls) {
         const Vec d = p - b.middle;
         const double q = dot(d, d) / (b.radius * b.radius);
         if (q >= 1)
@@ -115,14 +111,13 @@ Pixel march(const std::vector<Ball> &balls, double x, double y, double t)
     constexpr int kSteps = 44;
     Vec colour;
     double through = 1;
-    for (int i = 0; i < kSteps && through > 0.02; ++i)
-    {
+    for (int i = 0; i < kSteps && through > 0.02; ++i) {
         const Vec p{x, y, -1.15 + 2.3 * (i + 0.5) / kSteps};
         const Sample s = sampleAt(balls, p, t);
         if (s.density <= 0)
             continue;
         const double shade = sampleAt(balls, p + sun * 0.14, t).density;
-        const double lit = s.heat > 0.5 ? 1 : mix(mix(3.4, 0.5, shade), 1.0, s.heat * 2);
+        const double lit = s.heat > 0.5 ? 1 : mix(mix(2.7, 0.5, shade), 1.0, s.heat * 2);
         const double thick = 22 * (1 - 0.86 * smooth(0.55, 1.0, t));
         const double block = 1 - std::exp(-s.density * thick * 2.3 / kSteps);
         colour = colour + fireColour(s.heat) * (lit * block * through);
@@ -146,9 +141,9 @@ Pixel sparkAt(double x, double y, double t)
 {
     constexpr std::uint32_t kSparks = 30;
     Pixel result{{}, 0};
-    for (std::uint32_t i = 0; i < kSparks; ++i)
-    {
-        const double angle = 6.2831853 * (i + 0.9 * chance(i, 21)) / kSparks, life = 0.30 + 0.45 * chance(i, 23);
+    for (std::uint32_t i = 0; i < kSparks; ++i) {
+        const double angle = 6.2831853 * (i + 0.9 * chance(i, 21)) / kSparks,
+                     life = 0.30 + 0.45 * chance(i, 23);
         const double age = t - 0.03;
         if (age <= 0 || age > life)
             continue;
@@ -175,7 +170,8 @@ Pixel ringAt(double x, double y, double t)
     const double r = std::sqrt(x * x + y * y);
     const double at = 0.40 + 0.60 * (1 - std::exp(-13 * t));
     const double gaps = smooth(0.04, 0.24, t) * (0.62 + 0.6 * noise({x * 5, y * 5, 1.5}));
-    const double line = smooth(0.034, 0.012, std::fabs(r - at)) * (t > 0.04 && t < 0.30 ? std::max(0.0, 1 - gaps) : 0);
+    const double line =
+        smooth(0.034, 0.012, std::fabs(r - at)) * (t > 0.04 && t < 0.30 ? std::max(0.0, 1 - gaps) : 0);
     return {mix(hex(0xFFE27A), hex(0xD9401E), smooth(0.04, 0.28, t)), line};
 }
 
@@ -188,9 +184,9 @@ void renderFrame(const std::vector<Puff> &puffs, int frame, const std::string &p
     constexpr int kSide = kSize * kSamples;
     std::vector<std::uint8_t> bytes;
     for (int j = 0; j < kSide; ++j)
-        for (int i = 0; i < kSide; ++i)
-        {
-            const double x = ((i + 0.5) / kSamples - kSize / 2) / kReach, y = (kSize / 2 - (j + 0.5) / kSamples) / kReach;
+        for (int i = 0; i < kSide; ++i) {
+            const double x = ((i + 0.5) / kSamples - kSize / 2) / kReach,
+                         y = (kSize / 2 - (j + 0.5) / kSamples) / kReach;
             Pixel p = x * x + y * y < 1.25 ? march(balls, x, y, t) : Pixel{{}, 0};
             p = over(shineAt(std::sqrt(x * x + y * y), t), over(p, over(sparkAt(x, y, t), ringAt(x, y, t))));
             for (double v : {p.colour.x, p.colour.y, p.colour.z})
@@ -207,8 +203,7 @@ int main(int argc, char **argv)
     if (argc != 2)
         fail("usage: explosion FOLDER");
     const std::vector<Puff> puffs = makePuffs();
-    for (int frame = 0; frame < kFrames; ++frame)
-    {
+    for (int frame = 0; frame < kFrames; ++frame) {
         char name[32];
         std::snprintf(name, sizeof name, "/explosion%02d.png", frame + 1);
         renderFrame(puffs, frame, argv[1] + std::string(name));

@@ -43,8 +43,12 @@ Edge(srgb <0.50, 0.64, 0.92>, 1.3)
   finish { emission 0.95 diffuse 0.5 }
 }
 
-#declare CrackMap = function { pigment { image_map { png "earth_cracks.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) } }
-#declare CloudMap = function { pigment { image_map { png "earth_clouds.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) } }
+#declare CrackMap = function {
+  pigment { image_map { png "earth_cracks.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) }
+}
+#declare CloudMap = function {
+  pigment { image_map { png "earth_clouds.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) }
+}
 
 #declare Skin = EarthSurface(Lon, Lat, Roll, 0.8)
 #declare BrokenSurface = texture {
@@ -80,7 +84,8 @@ union {
   sphere { 0, 1.0015
     pigment {
       function {
-        min(1, max(0, pow(CrackMap(x, y, z).red, 1.1) * (1.25 + 1.15 * Torn(x, y, z)) + 0.9 * max(0, 1 + 9 * Torn(x, y, z)) * (Torn(x, y, z) < 0)))
+        min(1, max(0, pow(CrackMap(x, y, z).red, 1.1) * (1.25 + 1.15 * Torn(x, y, z))
+                      + 0.9 * max(0, 1 + 9 * Torn(x, y, z))))
         * (Torn(x, y, z) < 0) * min(1, max(0, -6 * z - 0.6))
       }
       color_map {
@@ -112,7 +117,11 @@ union {
 disc { 0, z, 1
   pigment {
     function { pow(max(0, 1 - sqrt(x * x + y * y)), 2.2) }
-    color_map { [0 srgb <0.9, 0.25, 0.08> transmit 1] [0.5 srgb <1, 0.45, 0.12> transmit 0.72] [1 srgb <1, 0.75, 0.35> transmit 0.45] }
+    color_map {
+      [0.0 srgb <0.9, 0.25, 0.08> transmit 1]
+      [0.5 srgb <1, 0.45, 0.12> transmit 0.72]
+      [1.0 srgb <1, 0.75, 0.35> transmit 0.45]
+    }
   }
   finish { emission 1 diffuse 0 ambient 0 } no_shadow
   scale <92, 88, 1> translate Middle + <50, 8, 60>

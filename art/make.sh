@@ -9,13 +9,18 @@ mkdir -p "$build" "$data"
 
 missing=
 for package in g++ povray povray-includes libpng-dev libjpeg-dev; do
-    dpkg -s "$package" >/dev/null 2>&1 || missing="$missing $package"
+    [ "$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null)" = "install ok installed" ] ||
+        missing="$missing $package"
 done
 if [ -n "$missing" ]; then
+    if ! command -v apt-get >/dev/null; then
+        echo "art/make.sh: this needs Debian's packages$missing" >&2
+        exit 1
+    fi
     if [ "$(id -u)" = 0 ]; then
-        apt-get install -y $missing
+        apt-get install -y --no-install-recommends $missing
     elif command -v sudo >/dev/null; then
-        sudo apt-get install -y $missing
+        sudo apt-get install -y --no-install-recommends $missing
     else
         echo "art/make.sh: these packages are missing, install them as root:$missing" >&2
         exit 1
@@ -32,8 +37,8 @@ render()
 {
     scene=$1 out=$2 width=$3 height=$4
     shift 4
-    if ! povray -D -GD -GR -GS -A +UA +FN +L"$here" +L. +I"$here/$scene.pov" +O"$out" +W"$width" +H"$height" "$@" \
-        >"$out.log" 2>&1; then
+    if ! povray -D -GD -GR -GS -A +UA +FN +L"$here" +L. +I"$here/$scene.pov" \
+        +O"$out" +W"$width" +H"$height" "$@" >"$out.log" 2>&1; then
         grep -a -i -A 3 error "$out.log" >&2 || true
         echo "art/make.sh: rendering $scene failed" >&2
         exit 1

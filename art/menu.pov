@@ -25,8 +25,10 @@ FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At
 
 #declare Chance = seed(5);
 #for (I, 1, 16)
-  object { Rock RockTexture(RockBrown, srgb <0.78, 0.72, 0.64>, 0.3) rotate 360 * <rand(Chance), rand(Chance), 0>
-    scale 0.8 + 1.9 * pow(rand(Chance), 2) translate At(112 + 120 * rand(Chance), 6 + 100 * rand(Chance), -90 * (I > 8)) }
+  object { Rock RockTexture(RockBrown, srgb <0.78, 0.72, 0.64>, 0.3)
+    rotate 360 * <rand(Chance), rand(Chance), 0>
+    scale 0.8 + 1.9 * pow(rand(Chance), 2)
+    translate At(112 + 120 * rand(Chance), 6 + 100 * rand(Chance), -90 * (I > 8)) }
 #end
 
 // A rock that has reached the air: a white head and a tail of fire, in a plane of its own along x.
@@ -35,7 +37,8 @@ FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At
     pigment {
       function {
         min(1, 1.15 * pow(max(0, 1 - max(0, x)), 1.7)
-          * exp(-pow(y / (0.16 + 0.55 * pow(max(0, x), 0.7) + 0.10 * (f_noise3d(x * 9, y * 2, 3) - 0.5)), 2) * 1.6)
+          * exp(-1.6 * pow(y / (0.16 + 0.55 * pow(max(0, x), 0.7)
+                                + 0.10 * (f_noise3d(x * 9, y * 2, 3) - 0.5)), 2))
           * exp(-pow(min(0, x) / 0.06, 2)))
       }
       color_map {

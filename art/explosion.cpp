@@ -99,8 +99,8 @@ Sample sampleAt(const std::vector<Ball> &balls, Vec p, double t)
     heat /= field;
     // The pattern is carried outwards with the cloud, so that it opens up instead of standing still.
     const Vec q = p * (1 / (0.45 + 0.75 * (1 - std::exp(-8 * t)) + 0.12 * t));
-    const double rough = fractal(q * 3.4 + Vec{0, -0.7 * t, 0.9 * t}, 4);
-    const double wear = 0.22 + 0.25 * smooth(0.15, 0.5, t) + 1.22 * smooth(0.42, 1.0, t);
+    const double rough = fractal(q * 3.4 + Vec{14.9, 5.5 - 0.7 * t, 1.3 + 0.9 * t}, 4);
+    const double wear = 0.22 + 0.25 * smooth(0.15, 0.5, t) + 1.34 * smooth(0.42, 1.0, t);
     const double density = smooth(0.0, 0.42, std::min(field, 1.1) * 1.25 + (0.45 + 0.45 * t) * rough - wear);
     return {density, clamp01(heat * (1.0 + (0.45 + 0.9 * smooth(0.05, 0.4, t)) * rough))};
 }

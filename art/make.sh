@@ -53,8 +53,8 @@ echo "scenes"
 for scene in bg menu game_over; do
     render "$scene" "$scene.png" 960 1280
 done
-./pack scene "$data/bg.jpg" 7 190 0.7 bg.png
-./pack scene "$data/menu.jpg" 21 260 1.1 menu.png
+./pack scene "$data/bg.jpg" 8 190 0.7 bg.png
+./pack scene "$data/menu.jpg" 9 260 1.1 menu.png
 ./pack scene "$data/game_over.jpg" 42 220 0.9 game_over.png
 
 echo "asteroids"

@@ -154,10 +154,10 @@ void packBlast(const std::string &out, int width, int height, const std::vector<
 }
 
 /// The night sky at a pixel: near black, a breath of indigo and teal along a slanting band.
-Vec skyAt(double x, double y, double nebula)
+Vec skyAt(double x, double y, double nebula, std::uint32_t seed)
 {
     const Vec c = mix(hex(0x03050C), hex(0x060A18), clamp01(y / 320));
-    const Vec p{x / 80, y / 80, 4.2};
+    const Vec p{x / 80, y / 80, 4.2 + 5.3 * (seed % 64)};
     const Vec stir{fractal(p * 1.3, 4), fractal(p * 1.3 + Vec{7, 3, 1}, 4), 0};
     const Vec q = p + stir * 0.38;
     const double off = (y - 100 - 0.5 * (x - 120)) / 75 + 0.5 * stir.x;
@@ -269,7 +269,7 @@ void packScene(const std::string &out, std::uint32_t seed, int stars, double neb
     Picture sky(kWidth, kHeight);
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x)
-            sky.at(x, y).colour = skyAt(x, y, nebula);
+            sky.at(x, y).colour = skyAt(x, y, nebula, seed);
     addStars(sky, seed, stars);
     sharpen(scene, 0.25);
     for (int y = 0; y < kHeight; ++y)

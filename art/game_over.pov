@@ -50,14 +50,22 @@ Edge(srgb <0.50, 0.64, 0.92>, 1.3)
   pigment { image_map { png "earth_clouds.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) }
 }
 
-#declare Skin = EarthSurface(Lon, Lat, Roll, 0.8)
-#declare BrokenSurface = texture {
-  function { sqrt(x * x + y * y + z * z) }
-  texture_map {
-    [0.974 Magma]
-    [0.978 Skin]
+#macro Broken(Skin)
+  texture {
+    function { sqrt(x * x + y * y + z * z) }
+    texture_map {
+      [0.974 Magma]
+      [0.978 Skin]
+    }
   }
+#end
+#declare Ground = EarthSurface(Lon, Lat, Roll, 0.8)
+// The shards have left the night and catch what light there is.
+#declare ShardGround = texture {
+  pigment { image_map { png "earth_day.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) }
+  finish { diffuse 0.9 ambient 0 }
 }
+light_source { <0.8, 0.25, -0.55> * 100000 color srgb <0.60, 0.68, 0.90> * 0.27 parallel point_at 0 shadowless }
 
 #macro Shard(Low, High, Away, Spin)
   isosurface {
@@ -68,7 +76,7 @@ Edge(srgb <0.50, 0.64, 0.92>, 1.3)
     }
     contained_by { sphere { 0, 1.001 } }
     max_gradient 3.2 accuracy 0.0006
-    texture { BrokenSurface }
+    Broken(ShardGround)
     translate <-0.9, 0, 0.3> rotate Spin translate <0.9, 0, -0.3> translate Away
   }
 #end
@@ -78,7 +86,7 @@ union {
     function { max(sqrt(x * x + y * y + z * z) - 1, Torn(x, y, z)) }
     contained_by { sphere { 0, 1.001 } }
     max_gradient 3.2 accuracy 0.0006
-    texture { BrokenSurface }
+    Broken(Ground)
   }
   // Cracks run out from the wound over land and sea.
   sphere { 0, 1.0015

@@ -10,7 +10,7 @@
   #case (2)
     #include "rock2.inc"
     #declare Colour = RockRust; #declare Dust = srgb <0.84, 0.56, 0.38>;
-    #declare Axis = <62, 0, 20>; #declare Size = 13.8; #declare Rim = srgb <0.85, 0.80, 0.95>;
+    #declare Axis = <62, 0, 20>; #declare Size = 13.2; #declare Rim = srgb <0.85, 0.80, 0.95>;
   #break
   #case (3)
     #include "rock3.inc"

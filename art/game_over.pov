@@ -65,7 +65,10 @@ Edge(srgb <0.50, 0.64, 0.92>, 1.3)
   pigment { image_map { png "earth_day.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) }
   finish { diffuse 0.9 ambient 0 }
 }
-light_source { <0.8, 0.25, -0.55> * 100000 color srgb <0.60, 0.68, 0.90> * 0.27 parallel point_at 0 shadowless }
+light_source {
+  <0.8, 0.25, -0.55> * 100000 color srgb <0.60, 0.68, 0.90> * 0.27
+  parallel point_at 0 shadowless
+}
 
 #macro Shard(Low, High, Away, Spin)
   isosurface {

@@ -32,6 +32,8 @@ for program in earthmap rocks explosion pack; do
 done
 
 cd "$build"
+rm -f asteroid*-*.png explosion*.png
+
 # render SCENE OUT WIDTH HEIGHT [OPTION...]
 render()
 {

@@ -34,7 +34,7 @@ Colour shadeSmall(float y, float)
 Colour shadeBig(float y, float light)
 {
     Colour c = y < 7 ? mix(hex("#FFFFFF"), hex("#E4F4FF"), y / 7) : mix(hex("#C4E6FA"), hex("#86C8F0"), (y - 7) / 6);
-    return mix(hex("#2C5C94"), c, std::min(1.0f, 0.55f + light * 0.7f));
+    return mix(hex("#2C5C94"), c, std::min(1.0f, 0.62f + light * 0.65f));
 }
 
 Image drawGlyph(const Letter &letter, const Style &style)

@@ -2,11 +2,13 @@
 //
 // reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque
 // reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT key #RRGGBB
+// reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT corner #RRGGBB
 // reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT alpha
 //
-// "opaque" and "key" dither to the colours that a 5-6-5 pixel can show, so that
+// All but "alpha" dither to the colours that a 5-6-5 pixel can show, so that
 // cutting off the low bits changes nothing. With "key" a pixel that is less than
-// half covered becomes the key, and no other pixel comes out as the key.
+// half covered becomes the key, and no other pixel comes out as the key. "corner"
+// is "key" for a picture whose key is read from its top-left pixel.
 
 #include "image.h"
 
@@ -66,13 +68,14 @@ float dithered(float value, int levels, float threshold)
 int main(int argc, char **argv)
 {
     if (argc < 6)
-        fail("usage: reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque|alpha|key [#RRGGBB]");
+        fail("usage: reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque|alpha|key|corner [#RRGGBB]");
     const Image source = readPng(argv[1]);
     const int w = std::atoi(argv[3]), h = std::atoi(argv[4]);
     const std::string mode = argv[5];
-    if (w < 1 || h < 1 || (mode == "key") != (argc == 7))
+    const bool keyed = mode == "key" || mode == "corner";
+    if (w < 1 || h < 1 || keyed != (argc == 7) || (!keyed && mode != "opaque" && mode != "alpha"))
         fail("reduce: bad size or mode");
-    const Colour key = mode == "key" ? hex(argv[6]) : Colour{};
+    const Colour key = keyed ? hex(argv[6]) : Colour{};
     const double sx = double(source.width) / w, sy = double(source.height) / h;
     Image result(w, h);
     for (int y = 0; y < h; ++y)
@@ -82,11 +85,14 @@ int main(int argc, char **argv)
                 const float t = pattern(x, y);
                 c = {dithered(c.r, 31, t), dithered(c.g, 63, t), dithered(c.b, 31, t), c.a};
             }
-            if (mode == "key" && c.a < 0.5f)
+            if (keyed && c.a < 0.5f)
                 c = key;
-            else if (mode == "key" && c.r == key.r && c.g == key.g && c.b == key.b)
+            else if (keyed && c.r == key.r && c.g == key.g && c.b == key.b)
                 c.g += 4 / 255.0f;
             result.at(x, y) = c;
         }
+    const Colour first = result.at(0, 0);
+    if (mode == "corner" && (first.r != key.r || first.g != key.g || first.b != key.b))
+        fail(std::string(argv[2]) + ": the top-left pixel is not free");
     writePng(result, argv[2], mode == "alpha" ? Alpha::Keep : Alpha::Drop);
 }

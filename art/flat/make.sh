@@ -51,6 +51,7 @@ lit() {
         rsvg-convert --stylesheet "$layer.css" -w $(($2 * scale)) -h $(($3 * scale)) \
             "$1.svg" -o "layer-$layer.png"
     done
+    # shellcheck disable=SC2086
     ./relief layer-height.png layer-colour.png layer-glow.png "$4" "$scale" ${5:-}
 }
 

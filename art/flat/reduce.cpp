@@ -10,14 +10,15 @@
 // half covered becomes the key, and no other pixel comes out as the key. "corner"
 // is "key" for a picture whose key is read from its top-left pixel.
 
-#include "image.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 
-namespace {
+#include "image.h"
+
+namespace
+{
 
 float toLinear(float v) { return std::pow(v, 2.2f); }
 float toScreen(float v) { return std::pow(std::max(v, 0.0f), 1 / 2.2f); }
@@ -53,14 +54,23 @@ float pattern(int x, int y)
     return (value + 0.5f) / 64;
 }
 
-/// The nearest value that `levels` can show, up or down by the pattern; flat colours
-/// that can almost be shown stay flat.
-float dithered(float value, int levels, float threshold)
+/// What a screen shows for a level of 5 or 6 bits, 0 to 255.
+int shown(int level, int bits) { return level << (8 - bits) | level >> (2 * bits - 8); }
+
+/// The value that `bits` can show next below or above, chosen by the pattern so that the mean
+/// survives; a colour that can almost be shown stays flat.
+float dithered(float value, int bits, float threshold)
 {
-    const float exact = std::clamp(value, 0.0f, 1.0f) * levels, near = std::round(exact);
-    const float level = std::fabs(exact - near) < 0.12f ? near : std::floor(exact + threshold);
-    const int shift = levels == 31 ? 3 : 2, bits = int(level);
-    return float(bits << shift | bits >> (8 - 2 * shift)) / 255;
+    const float exact = std::clamp(value, 0.0f, 1.0f) * 255;
+    const int top = (1 << bits) - 1;
+    int level = 0;
+    while (level < top && shown(level + 1, bits) <= exact)
+        ++level;
+    if (level == top)
+        return 1;
+    const float low = float(shown(level, bits)), part = (exact - low) / (shown(level + 1, bits) - low);
+    const bool up = part > 0.88f || (part > 0.12f && part + threshold >= 1);
+    return float(shown(level + up, bits)) / 255;
 }
 
 } // namespace
@@ -83,7 +93,7 @@ int main(int argc, char **argv)
             Colour c = average(source, x * sx, y * sy, (x + 1) * sx, (y + 1) * sy);
             if (mode != "alpha") {
                 const float t = pattern(x, y);
-                c = {dithered(c.r, 31, t), dithered(c.g, 63, t), dithered(c.b, 31, t), c.a};
+                c = {dithered(c.r, 5, t), dithered(c.g, 6, t), dithered(c.b, 5, t), c.a};
             }
             if (keyed && c.a < 0.5f)
                 c = key;

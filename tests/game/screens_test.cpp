@@ -1,0 +1,301 @@
+#include "game/events.h"
+#include "graphics/image_loading.h"
+#include "tests/game/game_test.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+using Texts = std::vector<std::u16string>;
+
+Surface pictureFile(const char16_t *file, bool keyedByCorner = true)
+{
+    Surface surface;
+    EXPECT_TRUE(surface.load(dataFilePath(file)));
+    surface.setColourKey(keyedByCorner ? surface.pixelAt(0, 0) : kBlack);
+    return surface;
+}
+
+class ScreensTest : public GameTest
+{
+protected:
+    void write(Surface &target, const char16_t *text, std::int32_t x, std::int32_t y,
+               TextAlign align = TextAlign::AlignCentre) const
+    {
+        target.drawText(state.font, text, x, y, align);
+    }
+
+    /// @return the difference of the current screen's picture to one with an open menu of these rows alone.
+    std::string differsFromMenu(const Texts &rows) const
+    {
+        Surface left;
+        Surface right;
+        left.load(dataFilePath(u"menu_left.png"));
+        right.load(dataFilePath(u"menu_right.png"));
+        left.setColourKey(kMagenta);
+        right.setColourKey(kMagenta);
+        MenuWidget menu;
+        menu.setup(state.bigFont, left, right);
+        menu.open(nullptr);
+        for (const std::u16string &row : rows)
+            menu.addItem(row);
+        menu.update(device.tick() + 300);
+        Surface expected = blankScreen();
+        menu.render(expected);
+        return difference(picture(), expected);
+    }
+};
+
+TEST_F(ScreensTest, TurnTouchesOfTheGameIntoEvents)
+{
+    constexpr struct {
+        std::uint16_t x, y;
+        const char *story;
+    } kTouches[] = {{211, 291, "pause, tick"},        {210, 291, "fire 210 291, tick"},
+                    {211, 290, "fire 211 290, tick"}, {32, 297, "nuke, tick"},
+                    {33, 297, "fire 33 297, tick"},   {32, 296, "fire 32 296, tick"}};
+    play(GameMode::Campaign);
+    state.player.missileSlots = 0;
+    for (const auto &[x, y, story] : kTouches) {
+        application.pointerDown(x, y);
+        EXPECT_EQ(frame(), story);
+        application.setScreen("GAME");
+        frame();
+    }
+}
+
+TEST_F(ScreensTest, LetTheGameMenuTakeAllTaps)
+{
+    play(GameMode::Campaign);
+    tap(230, 310);
+    tap(100, 100); // not yet open
+    EXPECT_EQ(frame(300), "pause, tick");
+    tap(20, 310);
+    tap(120, 130);
+    EXPECT_EQ(frame(299), "tick");
+    EXPECT_EQ(frame(1), "tick") << "the choice comes after the delivery";
+    EXPECT_EQ(frame(), "resume, tick");
+    tap(20, 310);
+    EXPECT_EQ(frame(), "nuke, tick");
+}
+
+TEST_F(ScreensTest, StartOneSoundInMoreThan100Ms)
+{
+    play(GameMode::Campaign);
+    const auto soundsOf = [this](std::uint32_t afterMs) {
+        device.sounds.clear();
+        for (int i = 0; i < 10; ++i)
+            EventBus::instance().post<MissileDetonatedEvent>(0, 100, 100);
+        frame(afterMs);
+        return device.sounds;
+    };
+    const Texts once = {u"explosion.wav"};
+    EXPECT_EQ(soundsOf(0), once);
+    EXPECT_EQ(soundsOf(100), Texts());
+    EXPECT_EQ(soundsOf(1), once);
+    state.soundOn = 0;
+    EXPECT_EQ(soundsOf(500), Texts());
+    EXPECT_EQ(state.explosions.size(), 40u);
+}
+
+TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)
+{
+    play(GameMode::TimeAttack);
+    EventBus::instance().post<MissileDetonatedEvent>(0, 100, 100);
+    frame();
+    tap(211, 291);
+    frame(10000);
+    EXPECT_FALSE(state.explosions.begin()->second.sprite.isFinished()) << "it stands still under the menu";
+    application.setScreen("GAME");
+    while (!state.explosions.begin()->second.sprite.isFinished())
+        EXPECT_EQ(frame(30).find("finished"), std::string::npos);
+    EXPECT_EQ(state.explosions.size(), 1u);
+    state.elapsedMs = 20001;
+    EXPECT_EQ(frame(), "tick, ended") << "another screen is current from here on,";
+    application.setScreen("GAME");
+    EXPECT_EQ(frame().substr(0, 22), "finished, resume, tick") << "yet the update went on";
+    EXPECT_TRUE(state.explosions.empty());
+}
+
+TEST_F(ScreensTest, DrawTheGameFromBackToFront)
+{
+    play(GameMode::Campaign);
+    state.asteroids.clear();
+    EventBus::instance().post<MissileDetonatedEvent>(0, 105, 9);
+    hang(1, 100, 5);
+    aim(2, 230, 5);
+    aim(3, 120, 100); // not dressed: not drawn
+    EventBus::instance().post<AsteroidSpawnedEvent>(1);
+    EventBus::instance().post<MissileLaunchedEvent>(2);
+    frame();
+    state.player.money = 1500;
+    state.player.missileSlots = 12;
+    state.player.health = 40;
+    state.player.x = 5;
+    state.player.y = 300;
+    tap(211, 291);
+    frame(300);
+
+    Surface expected = blankScreen();
+    pictureFile(u"nuke.png").blitTo(expected, 7, 296);
+    pictureFile(u"menu.png").blitTo(expected, 210, 290);
+    state.asteroids[1].sprite.drawCentred(expected, 100, 5);
+    AnimatedSprite &missile = *state.missiles[2].sprite;
+    missile.drawCentred(expected, 230, 5);
+    state.explosions.rbegin()->second.sprite.drawCentred(expected, 105, 9);
+    pictureFile(u"satellite.png", false).blitCentredTo(expected, 5, 300);
+    expected.drawRect(1, 110, 5, 310, kGreen);
+    expected.fillRect(1, 230, 5, 310, kGreen);
+    write(expected, u"1500$", 240, 0, TextAlign::AlignRight);
+    write(expected, u"12", 10, 0, TextAlign::AlignLeft);
+    missile.draw(expected, -2, -2);
+    state.menu.render(expected);
+    EXPECT_EQ(difference(picture(), expected), "");
+    EXPECT_NE(difference(picture(), blankScreen()), "");
+}
+
+TEST_F(ScreensTest, ShowTheClockOfTheMode)
+{
+    constexpr struct {
+        GameMode mode;
+        std::int32_t elapsedMs;
+        const char16_t *clock;
+    } kClocks[] = {{GameMode::TimeAttack, 0, u"0:20"},
+                   {GameMode::TimeAttack, 12500, u"0:8"},
+                   {GameMode::TimeAttack, 20000, u"0:0"},
+                   {GameMode::Survival, 59999, u"00:59"},
+                   {GameMode::Survival, 3725000, u"02:05"}};
+    play(GameMode::Campaign);
+    const Surface without = picture();
+    for (const auto &[mode, elapsedMs, clock] : kClocks) {
+        state.mode = mode;
+        state.elapsedMs = elapsedMs;
+        Surface expected = blankScreen();
+        without.blitTo(expected, 0, 0);
+        write(expected, clock, 120, 0);
+        EXPECT_EQ(difference(picture(), expected), "") << elapsedMs;
+    }
+}
+
+TEST_F(ScreensTest, FlashForASecondAfterANuke)
+{
+    play(GameMode::Campaign);
+    state.player.nukes = 1;
+    tap(20, 310);
+    frame();
+    Surface white = blankScreen();
+    white.fill(kWhite);
+    device.advance(999);
+    EXPECT_EQ(difference(picture(), white), "");
+    device.advance(1);
+    EXPECT_NE(difference(picture(), white), "");
+}
+
+TEST_F(ScreensTest, EndAGameOnTheScreenOfItsOutcome)
+{
+    constexpr struct {
+        GameMode mode;
+        std::int32_t health;
+        const char16_t *message; ///< Null: the transition to the game-over screen.
+    } kEnds[] = {{GameMode::TimeAttack, 1, u"Asteroids destroyed: 7"},
+                 {GameMode::TimeAttack, 0, nullptr},
+                 {GameMode::Survival, 0, u"You survived for 95 seconds"},
+                 {GameMode::Campaign, 1, u"You have saved the Earth"},
+                 {GameMode::Campaign, 0, nullptr}};
+    for (const auto &[mode, health, message] : kEnds) {
+        play(mode);
+        device.advance(95800);
+        state.asteroids.clear();
+        hang(1, 100, 100);
+        state.asteroidsDestroyed = 7;
+        state.player.health = health;
+        frame();
+        application.setScreen("GAME");
+        EventBus::instance().post<GameEndedEvent>();
+        EventBus::instance().dispatchAll();
+        ASSERT_TRUE(isCurrent(message ? "MESSAGE" : "ANIMSCREEN")) << health;
+        if (!message)
+            continue;
+        Surface expected = blankScreen();
+        write(expected, message, 120, 160);
+        write(expected, u"Click here to continue", 120, 300);
+        EXPECT_EQ(difference(picture(), expected), "");
+        tap(0, 281);
+        EXPECT_TRUE(isCurrent("MAIN_MENU"));
+    }
+}
+
+TEST_F(ScreensTest, SlideTheGameOverScreenOverTheGame)
+{
+    play(GameMode::Campaign);
+    state.animScreen.setScreens(application.findScreen("GAME"), application.findScreen("GAME_OVER"));
+    application.setScreen("ANIMSCREEN");
+    const Surface game = pictureOf(*application.findScreen("GAME"));
+    EXPECT_EQ(difference(picture(), game), "");
+    frame(100);
+    Surface expected = blankScreen();
+    game.blitTo(expected, 0, 0);
+    Surface over = blankScreen();
+    write(over, u"GAME OVER", 120, 220);
+    write(over, u"EARTH HAS BEEN DESTROYED", 120, 240);
+    write(over, u"\"GOOD JOB\"", 120, 260);
+    write(over, u"RETURN TO MAIN MENU", 120, 280);
+    over.blitTo(expected, 0, 220);
+    EXPECT_EQ(difference(picture(), expected), "");
+    frame(219);
+    EXPECT_TRUE(isCurrent("ANIMSCREEN"));
+    frame(1);
+    EXPECT_TRUE(isCurrent("GAME_OVER"));
+    EXPECT_EQ(difference(picture(), over), "");
+}
+
+TEST_F(ScreensTest, OfferWhatTheMainMenuCanDo)
+{
+    constexpr struct {
+        std::int32_t health;
+        GameMode mode;
+        std::int32_t elapsedMs;
+        bool resumes;
+    } kGames[] = {{0, GameMode::None, 0, false},           {-1, GameMode::Campaign, 0, false},
+                  {1, GameMode::Survival, 99999, true},    {1, GameMode::TimeAttack, 19999, true},
+                  {1, GameMode::TimeAttack, 20000, false}, {0, GameMode::Campaign, 0, false}};
+    for (const auto &[health, mode, elapsedMs, resumes] : kGames) {
+        state.player.health = health;
+        state.mode = mode;
+        state.elapsedMs = elapsedMs;
+        application.setScreen("MAIN_MENU");
+        frame(300);
+        Texts rows = {u"New game", u"Sound off", u"Exit"};
+        if (resumes)
+            rows.insert(rows.begin(), u"Resume");
+        EXPECT_EQ(differsFromMenu(rows), "") << health << ' ' << elapsedMs;
+    }
+}
+
+TEST_F(ScreensTest, LeadThroughTheMenusToANewGame)
+{
+    state.player.health = 50;
+    state.mode = GameMode::Survival;
+    application.setScreen("MAIN_MENU");
+    frame(300);
+    choose(2, 4);
+    frame(300);
+    EXPECT_EQ(differsFromMenu({u"Resume", u"New game", u"Sound on", u"Exit"}), "");
+    EXPECT_EQ(state.soundOn, 0);
+    choose(1, 4);
+    EXPECT_EQ(state.player.health, -1) << "gone before a mode is chosen";
+    frame(300);
+    EXPECT_EQ(differsFromMenu({u"Campaign", u"Survival", u"Time attack"}), "");
+    choose(2, 3);
+    frame(300);
+    EXPECT_EQ(differsFromMenu({u"Easy", u"Medium", u"Hard"}), "");
+    EXPECT_TRUE(isCurrent("MAIN_MENU"));
+    choose(2, 3);
+    EXPECT_TRUE(isCurrent("GAME"));
+    EXPECT_EQ(state.mode, GameMode::TimeAttack);
+    EXPECT_EQ(state.difficulty, Difficulty::Hard);
+}
+
+} // namespace
+} // namespace mygame::tests

@@ -152,22 +152,6 @@ void GameTest::aim(std::int32_t id, std::int32_t x, std::int32_t y)
     state.missiles[id] = {x, y, x, y, device.tick(), 1000, x, y, nullptr, id};
 }
 
-std::vector<std::int32_t> GameTest::asteroids() const
-{
-    std::vector<std::int32_t> ids;
-    for (const auto &[id, asteroid] : state.asteroids)
-        ids.push_back(id);
-    return ids;
-}
-
-std::vector<std::int32_t> GameTest::missiles() const
-{
-    std::vector<std::int32_t> ids;
-    for (const auto &[id, missile] : state.missiles)
-        ids.push_back(id);
-    return ids;
-}
-
 bool GameTest::isCurrent(const char *screen) const
 {
     return application.currentScreen() == application.findScreen(screen);

@@ -47,9 +47,6 @@ protected:
     void hang(std::int32_t id, std::int32_t x, std::int32_t y);
     void aim(std::int32_t id, std::int32_t x, std::int32_t y);
 
-    /// Ids of the asteroids and missiles.
-    std::vector<std::int32_t> asteroids() const;
-    std::vector<std::int32_t> missiles() const;
     bool isCurrent(const char *screen) const;
     Surface picture() const { return pictureOf(*application.currentScreen()); }
 

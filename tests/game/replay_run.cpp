@@ -30,7 +30,7 @@ std::string TemporaryFolder::read(const std::string &name) const
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-Run TemporaryFolder::replay(const std::string &arguments) const
+Outcome TemporaryFolder::replay(const std::string &arguments) const
 {
     const std::string command =
         "cd '" + root.string() + "' && '" REPLAY_PROGRAM "' " + arguments + " >stdout 2>stderr";

@@ -10,7 +10,7 @@ namespace mygame::tests
 {
 
 /// What one run of `replay` left behind.
-struct Run {
+struct Outcome {
     int exit = 0;
     std::string output; ///< Standard output.
     std::string errors; ///< Standard error.
@@ -31,7 +31,7 @@ public:
     std::string read(const std::string &name) const;
 
     /// Runs `replay` here with these arguments, as a shell reads them.
-    Run replay(const std::string &arguments) const;
+    Outcome replay(const std::string &arguments) const;
 
 private:
     std::filesystem::path root;

@@ -48,7 +48,7 @@ Evidence evidenceOf(const std::string &name)
 {
     const TemporaryFolder folder;
     std::filesystem::copy(kReplays / (name + ".txt"), folder.path(""));
-    const Run run = folder.replay(name + ".txt --data '" DATA_FOLDER "' --trace trace");
+    const Outcome run = folder.replay(name + ".txt --data '" DATA_FOLDER "' --trace trace");
     std::vector<Json> frames = parseTrace(folder.read("trace"));
     std::string screens;
     std::string last;

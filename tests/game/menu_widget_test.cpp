@@ -24,12 +24,7 @@ class MenuWidgetTest : public GameTest, public MenuListener
 protected:
     MenuWidgetTest() { menu.setup(state.bigFont, leftCap, rightCap); }
 
-    void itemChosen(std::u16string text) override
-    {
-        chosen.push_back(text);
-        if (!nextRows.empty())
-            open(std::exchange(nextRows, {}));
-    }
+    void itemChosen(std::u16string text) override { chosen.push_back(text); }
 
     void open(const Texts &rows)
     {
@@ -64,7 +59,6 @@ protected:
     const Surface rightCap = filled(50, kGreen);
     MenuWidget menu;
     Texts chosen;
-    Texts nextRows;
 };
 
 TEST_F(MenuWidgetTest, SlidesInAndOut)
@@ -108,29 +102,6 @@ TEST_F(MenuWidgetTest, TakesTapsInItsZoneOnly)
         update(300);
         EXPECT_EQ(chosen, *row ? Texts{row} : Texts()) << x << ' ' << y;
     }
-}
-
-TEST_F(MenuWidgetTest, MayBeOpenedByItsListener)
-{
-    open({u"a"});
-    update(1000);
-    menu.onPointer(120, 160);
-    nextRows = {u"b", u"c"};
-    update(1000);
-    EXPECT_EQ(differs({u"b", u"c"}, -60, 240, 60), "");
-    update(30);
-    EXPECT_EQ(differs({u"b", u"c"}, -54, 235, 66), "") << "a slide from the moment of the choice";
-}
-
-TEST_F(MenuWidgetTest, OpensAndClosesAtOnceWithoutCaps)
-{
-    menu.setup(state.bigFont, Surface(), Surface());
-    open({u"a"});
-    update(0);
-    menu.onPointer(120, 160);
-    EXPECT_EQ(chosen, Texts());
-    update(0);
-    EXPECT_EQ(chosen, Texts{u"a"});
 }
 
 TEST_F(MenuWidgetTest, SurvivesHoursInTheBackground)

@@ -1,0 +1,205 @@
+#include "game/events.h"
+#include "graphics/image_loading.h"
+#include "tests/game/game_test.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+using Texts = std::vector<std::u16string>;
+
+Surface pictureFile(const char16_t *file, bool keyedByCorner = true)
+{
+    Surface surface;
+    EXPECT_TRUE(surface.load(dataFilePath(file)));
+    surface.setColourKey(keyedByCorner ? surface.pixelAt(0, 0) : kBlack);
+    return surface;
+}
+
+class ScreensTest : public GameTest
+{
+protected:
+    void write(Surface &target, const char16_t *text, std::int32_t x, std::int32_t y,
+               TextAlign align = TextAlign::AlignCentre) const
+    {
+        target.drawText(state.font, text, x, y, align);
+    }
+};
+
+TEST_F(ScreensTest, TurnTouchesOfTheGameIntoEvents)
+{
+    constexpr struct {
+        std::uint16_t x, y;
+        const char *story;
+    } kTouches[] = {{211, 291, "pause, tick"},        {210, 291, "fire 210 291, tick"},
+                    {211, 290, "fire 211 290, tick"}, {32, 297, "nuke, tick"},
+                    {33, 297, "fire 33 297, tick"},   {32, 296, "fire 32 296, tick"}};
+    play(GameMode::Campaign);
+    state.player.missileSlots = 0;
+    for (const auto &[x, y, story] : kTouches) {
+        application.pointerDown(x, y);
+        EXPECT_EQ(frame(), story);
+        application.setScreen("GAME");
+        frame();
+    }
+}
+
+TEST_F(ScreensTest, StartOneSoundInMoreThan100Ms)
+{
+    play(GameMode::Campaign);
+    const auto soundsOf = [this](std::uint32_t afterMs) {
+        device.sounds.clear();
+        for (int i = 0; i < 10; ++i)
+            EventBus::instance().post<MissileDetonatedEvent>(0, 100, 100);
+        frame(afterMs);
+        return device.sounds;
+    };
+    const Texts once = {u"explosion.wav"};
+    EXPECT_EQ(soundsOf(0), once);
+    EXPECT_EQ(soundsOf(100), Texts());
+    EXPECT_EQ(soundsOf(1), once);
+    state.soundOn = 0;
+    EXPECT_EQ(soundsOf(500), Texts());
+    EXPECT_EQ(state.explosions.size(), 40u);
+}
+
+TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)
+{
+    play(GameMode::Survival);
+    EventBus::instance().post<MissileDetonatedEvent>(0, 100, 100);
+    frame();
+    const AnimatedSprite &sprite = state.explosions.begin()->second.sprite;
+    tap(211, 291);
+    for (int ms = 0; ms < 10000; ms += 30)
+        frame(30);
+    EXPECT_FALSE(sprite.isFinished()) << "it stands still under the menu";
+    application.setScreen("GAME");
+    while (!sprite.isFinished())
+        EXPECT_EQ(frame(30).find("finished"), std::string::npos);
+    EXPECT_EQ(state.explosions.size(), 1u);
+    state.player.health = 0;
+    EXPECT_EQ(frame(), "tick, ended");
+    EXPECT_TRUE(isCurrent("MESSAGE"));
+    application.setScreen("GAME");
+    EXPECT_EQ(frame().substr(0, 22), "finished, resume, tick") << "the ended game's update went on";
+    EXPECT_TRUE(state.explosions.empty());
+}
+
+TEST_F(ScreensTest, DrawTheGameFromBackToFront)
+{
+    play(GameMode::Campaign);
+    state.asteroids.clear();
+    EventBus::instance().post<MissileDetonatedEvent>(0, 105, 9);
+    hang(1, 100, 5);
+    aim(2, 230, 5);
+    aim(3, 120, 100); // not dressed: not drawn
+    EventBus::instance().post<AsteroidSpawnedEvent>(1);
+    EventBus::instance().post<MissileLaunchedEvent>(2);
+    frame();
+    state.player.money = 1500;
+    state.player.missileSlots = 12;
+    state.player.health = 40;
+    state.player.x = 5;
+    state.player.y = 300;
+    tap(211, 291);
+    frame(300);
+
+    Surface expected = blankScreen();
+    pictureFile(u"nuke.png").blitTo(expected, 7, 296);
+    pictureFile(u"menu.png").blitTo(expected, 210, 290);
+    state.asteroids[1].sprite.drawCentred(expected, 100, 5);
+    AnimatedSprite &missile = *state.missiles[2].sprite;
+    missile.drawCentred(expected, 230, 5);
+    state.explosions.rbegin()->second.sprite.drawCentred(expected, 105, 9);
+    pictureFile(u"satellite.png", false).blitCentredTo(expected, 5, 300);
+    expected.drawRect(1, 110, 5, 310, kGreen);
+    expected.fillRect(1, 230, 5, 310, kGreen);
+    write(expected, u"1500$", 240, 0, TextAlign::AlignRight);
+    write(expected, u"12", 10, 0, TextAlign::AlignLeft);
+    missile.draw(expected, -2, -2);
+    state.menu.render(expected);
+    EXPECT_EQ(difference(picture(), expected), "");
+}
+
+TEST_F(ScreensTest, ShowTheClockOfTheMode)
+{
+    constexpr struct {
+        GameMode mode;
+        std::int32_t elapsedMs;
+        const char16_t *clock;
+    } kClocks[] = {{GameMode::TimeAttack, 0, u"0:20"},
+                   {GameMode::TimeAttack, 12500, u"0:8"},
+                   {GameMode::TimeAttack, 20000, u"0:0"},
+                   {GameMode::Survival, 59999, u"00:59"},
+                   {GameMode::Survival, 3725000, u"02:05"}};
+    play(GameMode::Campaign);
+    const Surface without = picture();
+    for (const auto &[mode, elapsedMs, clock] : kClocks) {
+        state.mode = mode;
+        state.elapsedMs = elapsedMs;
+        Surface expected = blankScreen();
+        without.blitTo(expected, 0, 0);
+        write(expected, clock, 120, 0);
+        EXPECT_EQ(difference(picture(), expected), "") << elapsedMs;
+    }
+}
+
+TEST_F(ScreensTest, EndAGameOnTheScreenOfItsOutcome)
+{
+    constexpr struct {
+        GameMode mode;
+        std::int32_t health;
+        const char16_t *message; ///< Null: the transition to the game-over screen.
+    } kEnds[] = {{GameMode::TimeAttack, 1, u"Asteroids destroyed: 7"},
+                 {GameMode::TimeAttack, 0, nullptr},
+                 {GameMode::Survival, 0, u"You survived for 95 seconds"},
+                 {GameMode::Campaign, 1, u"You have saved the Earth"},
+                 {GameMode::Campaign, 0, nullptr}};
+    for (const auto &[mode, health, message] : kEnds) {
+        play(mode);
+        state.asteroidsDestroyed = 7;
+        state.elapsedMs = 95800;
+        state.player.health = health;
+        EventBus::instance().post<GameEndedEvent>();
+        EventBus::instance().dispatchAll();
+        ASSERT_TRUE(isCurrent(message ? "MESSAGE" : "ANIMSCREEN")) << health;
+        if (!message)
+            continue;
+        Surface expected = blankScreen();
+        write(expected, message, 120, 160);
+        write(expected, u"Click here to continue", 120, 300);
+        EXPECT_EQ(difference(picture(), expected), "");
+    }
+}
+
+TEST_F(ScreensTest, SlideTheGameOverScreenOverTheGame)
+{
+    play(GameMode::Campaign);
+    state.player.health = 0;
+    frame();
+    Surface expected = pictureOf(*application.findScreen("GAME"));
+    frame(100);
+    pictureOf(*application.findScreen("GAME_OVER")).blitTo(expected, 0, 220);
+    EXPECT_EQ(difference(picture(), expected), "");
+    EXPECT_EQ(frame(219), "");
+    EXPECT_TRUE(isCurrent("ANIMSCREEN"));
+    frame(1);
+    EXPECT_TRUE(isCurrent("GAME_OVER"));
+}
+
+TEST_F(ScreensTest, OfferToResumeATimeAttackWithTimeLeft)
+{
+    for (const std::int32_t elapsedMs : {19999, 20000}) {
+        state.player.health = 1;
+        state.mode = GameMode::TimeAttack;
+        state.elapsedMs = elapsedMs;
+        application.setScreen("MAIN_MENU");
+        frame(300);
+        choose(0, 4); // where three rows have none
+        EXPECT_EQ(isCurrent("GAME"), elapsedMs < 20000);
+    }
+}
+
+} // namespace
+} // namespace mygame::tests

@@ -4,6 +4,7 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "shell/event.h"
 #include "shell/event_listener.h"
@@ -21,6 +22,12 @@ public:
 
     /// Queues an event, not null, for the next delivery.
     void post(std::unique_ptr<Event> event);
+
+    /// Makes an event of a type and queues it.
+    template <class EventClass, class... Arguments> void post(Arguments &&...arguments)
+    {
+        post(std::make_unique<EventClass>(std::forward<Arguments>(arguments)...));
+    }
 
     /// Lets a listener receive the events of a type, after those that subscribed before, and once for each
     /// subscription. There is no way back: the listener must outlive the last delivery.

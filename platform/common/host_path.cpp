@@ -90,6 +90,17 @@ constexpr bool isByteEscape(char16_t unit) { return unit >= kByteEscape && unit 
 
 } // namespace
 
+bool isUtf8(std::string_view text)
+{
+    while (!text.empty()) {
+        const Decoded next = decodeUtf8(text);
+        if (next.bytes == 0)
+            return false;
+        text.remove_prefix(next.bytes);
+    }
+    return true;
+}
+
 std::u16string toDevicePath(std::string_view hostPath)
 {
     std::u16string path;

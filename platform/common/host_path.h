@@ -8,6 +8,9 @@
 namespace platform::common
 {
 
+/// True when every byte belongs to a character.
+bool isUtf8(std::string_view text);
+
 /// A host path, bytes that are usually UTF-8, in the device's form: UTF-16, folders parted by backslashes.
 /// Bytes that are not valid UTF-8, and a backslash in a name, become lone low surrogates (0xDC00 + byte), so
 /// every path comes back unchanged from `toHostPath`.

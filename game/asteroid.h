@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+#include "graphics/animated_sprite.h"
+
+namespace mygame
+{
+
+/// A rock on a straight way from the top edge to the Earth. Places are centres in pixels, times are ticks in
+/// milliseconds.
+struct Asteroid {
+    AnimatedSprite sprite; ///< Draws nothing until the game screen has given it a look.
+    std::int32_t id = 0;
+    std::int32_t startX = 0;
+    std::int32_t startY = 0;
+    std::int32_t targetX = 0;
+    std::int32_t targetY = 0;
+    std::uint32_t spawnTime = 0;
+    std::int32_t flightMs = 0; ///< From start to target; not 0 in a game.
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+} // namespace mygame

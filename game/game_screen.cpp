@@ -1,0 +1,273 @@
+#include "game/game_screen.h"
+
+#include <cstdlib>
+#include <iterator>
+
+#include "game/events.h"
+#include "game/game_state.h"
+#include "graphics/image_loading.h"
+#include "platform/clock.h"
+#include "platform/sound.h"
+#include "platform/text.h"
+#include "shell/application.h"
+#include "shell/event_bus.h"
+
+namespace mygame
+{
+namespace
+{
+
+struct Look {
+    const char16_t *file;
+    std::int32_t frameTimeMs;
+};
+
+constexpr Look kMissileLook = {u"missile.png", 300};
+constexpr Look kExplosionLook = {u"explosion.png", 30};
+constexpr Look kAsteroidLooks[] = {
+    {u"asteroid.png", 200},
+    {u"asteroid2.png", 220},
+    {u"asteroid3.png", 240},
+    {u"asteroid4.png", 180},
+};
+
+/// The menu button lies to the right of and below this.
+constexpr std::int32_t kMenuButtonX = 210;
+constexpr std::int32_t kMenuButtonY = 290;
+/// The nuke button lies to the left of and below this.
+constexpr std::int32_t kNukeButtonX = 33;
+constexpr std::int32_t kNukeButtonY = 296;
+
+constexpr std::uint32_t kSoundGapMs = 100;
+constexpr std::int32_t kMsPerSecond = 1000;
+
+/// Tick of the last explosion sound. Of the process: it goes on through all games.
+std::uint32_t lastExplosionSound = 0;
+
+EventBus &bus() { return EventBus::instance(); }
+
+void loadPicture(Surface &surface, const char16_t *file) { surface.load(dataFilePath(file)); }
+
+/// Loads a button, whose key is the colour of its own corner.
+void loadButton(Surface &surface, const char16_t *file)
+{
+    loadPicture(surface, file);
+    surface.setColourKey(surface.pixelAt(0, 0));
+}
+
+void loadSprite(AnimatedSprite &sprite, const Look &look, Pixel key)
+{
+    sprite.load(dataFilePath(look.file), look.frameTimeMs);
+    sprite.setColourKey(key);
+}
+
+void startLooping(AnimatedSprite &sprite)
+{
+    sprite.start(platform::GetTickCount(), AnimatedSprite::kLoopForEver);
+}
+
+} // namespace
+
+GameScreen::GameScreen()
+{
+    static_assert(std::size(kAsteroidLooks) == kAsteroidKinds);
+    loadPicture(background, u"bg.jpg");
+    loadButton(nukeButton, u"nuke.png");
+    loadButton(menuButton, u"menu.png");
+    loadSprite(missileSprite, kMissileLook, kBlack);
+    startLooping(missileSprite);
+    for (int i = 0; i < kAsteroidKinds; ++i) {
+        loadSprite(asteroidSprites[i], kAsteroidLooks[i], kBlack);
+        startLooping(asteroidSprites[i]);
+    }
+    loadSprite(explosionSprite, kExplosionLook, kMagenta);
+    for (EventType type : {kAsteroidSpawned, kMissileLaunched, kMissileDetonated, kAsteroidDestroyed,
+                           kGameEnded, kWaveComplete, kNukeFlash, kExplosionFinished})
+        bus().subscribe(type, this);
+}
+
+void GameScreen::link(GameState *gameState)
+{
+    state = gameState;
+    loadPicture(state->player.satellite, u"satellite.png");
+    state->player.satellite.setColourKey(kBlack);
+}
+
+bool GameScreen::activate(Application *current)
+{
+    application = current;
+    menuOpen = false;
+    bus().post<ResumeEvent>();
+    return true;
+}
+
+void GameScreen::keyDown(std::uint16_t) { application->requestStop(); }
+
+void GameScreen::pointerDown(std::uint16_t x, std::uint16_t y)
+{
+    if (menuOpen)
+        state->menu.onPointer(x, y);
+    else if (x > kMenuButtonX && y > kMenuButtonY)
+        openGameMenu();
+    else if (x < kNukeButtonX && y > kNukeButtonY)
+        bus().post<NukeEvent>();
+    else
+        bus().post<FireEvent>(x, y);
+}
+
+void GameScreen::openGameMenu()
+{
+    bus().post<PauseEvent>();
+    menuOpen = true;
+    state->menu.open(this);
+    state->menu.addItem(u"Resume");
+    state->menu.addItem(u"Main menu");
+}
+
+void GameScreen::itemChosen(std::u16string text)
+{
+    if (text == u"Resume") {
+        bus().post<ResumeEvent>();
+        menuOpen = false;
+    } else if (text == u"Main menu") {
+        application->setScreen("MAIN_MENU");
+    }
+}
+
+void GameScreen::update(std::uint32_t now)
+{
+    bus().post<TickEvent>();
+    bus().dispatchAll();
+    // Another screen may be current by now; this one's animations advance all the same.
+    if (menuOpen)
+        state->menu.update(now);
+    else
+        updateAnimations(now);
+}
+
+void GameScreen::updateAnimations(std::uint32_t now)
+{
+    for (auto &[id, explosion] : state->explosions) {
+        if (explosion.sprite.isFinished())
+            bus().post<ExplosionFinishedEvent>(id);
+        else
+            explosion.sprite.update(now);
+    }
+    for (auto &[id, asteroid] : state->asteroids)
+        asteroid.sprite.update(now);
+}
+
+bool GameScreen::onEvent(const Event &event)
+{
+    switch (event.type) {
+    case kAsteroidSpawned:
+        dressAsteroid(static_cast<const AsteroidSpawnedEvent &>(event).id);
+        break;
+    case kAsteroidDestroyed: {
+        const auto &destroyed = static_cast<const AsteroidDestroyedEvent &>(event);
+        spawnExplosion(destroyed.x, destroyed.y);
+        break;
+    }
+    case kMissileDetonated: {
+        const auto &detonated = static_cast<const MissileDetonatedEvent &>(event);
+        spawnExplosion(detonated.x, detonated.y);
+        break;
+    }
+    case kMissileLaunched:
+        dressMissile(static_cast<const MissileLaunchedEvent &>(event).id);
+        break;
+    case kExplosionFinished:
+        state->explosions.erase(static_cast<const ExplosionFinishedEvent &>(event).id);
+        break;
+    case kGameEnded:
+        endGame();
+        break;
+    case kWaveComplete:
+        application->setScreen("SHOP");
+        break;
+    case kNukeFlash:
+        nukeFlashStart = platform::GetTickCount();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void GameScreen::dressAsteroid(std::int32_t id)
+{
+    const auto found = state->asteroids.find(id);
+    if (found == state->asteroids.end())
+        return;
+    AnimatedSprite &sprite = found->second.sprite;
+    sprite = asteroidSprites[std::rand() % kAsteroidKinds];
+    startLooping(sprite);
+}
+
+void GameScreen::dressMissile(std::int32_t id)
+{
+    const auto found = state->missiles.find(id);
+    if (found != state->missiles.end())
+        found->second.sprite = &missileSprite;
+}
+
+void GameScreen::spawnExplosion(std::int32_t x, std::int32_t y)
+{
+    const std::int32_t id = ++explosionCounter;
+    Explosion &explosion = state->explosions[id];
+    explosion.sprite = explosionSprite;
+    explosion.x = x;
+    explosion.y = y;
+    explosion.id = id;
+    explosion.sprite.start(platform::GetTickCount(), 1);
+    playExplosionSound();
+}
+
+void GameScreen::playExplosionSound() const
+{
+    if (!state->soundOn || platform::GetTickCount() - lastExplosionSound <= kSoundGapMs)
+        return;
+    platform::PlaySoundW(dataFilePath(u"explosion.wav").c_str(), nullptr,
+                         platform::SND_FILENAME | platform::SND_ASYNC);
+    lastExplosionSound = platform::GetTickCount();
+}
+
+void GameScreen::endGame()
+{
+    const std::int32_t health = state->player.health;
+    switch (state->mode) {
+    case GameMode::TimeAttack:
+        if (health > 0)
+            showMessage(u"Asteroids destroyed: %d", state->asteroidsDestroyed);
+        else
+            showGameOver();
+        break;
+    case GameMode::Survival:
+        showMessage(u"You survived for %d seconds", state->elapsedMs / kMsPerSecond);
+        break;
+    case GameMode::Campaign:
+        if (health < 1)
+            showGameOver();
+        else
+            showMessage(u"You have saved the Earth", 0);
+        break;
+    case GameMode::None:
+        break;
+    }
+}
+
+void GameScreen::showMessage(const char16_t *format, std::int32_t number)
+{
+    char16_t text[platform::kMaxFormattedText];
+    platform::wsprintfW(text, format, number);
+    state->messageScreen.setMessage(text, application->findScreen("MAIN_MENU"));
+    application->setScreen("MESSAGE");
+}
+
+void GameScreen::showGameOver()
+{
+    state->animScreen.setScreens(this, application->findScreen("GAME_OVER"));
+    application->setScreen("ANIMSCREEN");
+}
+
+} // namespace mygame

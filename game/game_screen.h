@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "graphics/animated_sprite.h"
+#include "graphics/surface.h"
+#include "screens/menu_listener.h"
+#include "shell/event_listener.h"
+#include "shell/screen.h"
+
+namespace mygame
+{
+
+struct GameState;
+
+/// The screen on which the game is played: turns taps into events, delivers all events once a frame, gives
+/// the objects their looks and sounds, draws everything, and shows the right screen when a game ends.
+class GameScreen : public EventListener, public Screen, public MenuListener
+{
+public:
+    /// Loads the pictures and subscribes to the bus for good.
+    GameScreen();
+    GameScreen(const GameScreen &) = delete;
+    GameScreen &operator=(const GameScreen &) = delete;
+
+    /// Sets the state to show and loads the satellite's picture into it. Once, before any event is delivered.
+    void link(GameState *gameState);
+
+    void render(Surface &target) override;
+    void update(std::uint32_t now) override;
+    void keyDown(std::uint16_t key) override;
+    void pointerDown(std::uint16_t x, std::uint16_t y) override;
+    bool activate(Application *current) override;
+
+    bool onEvent(const Event &event) override;
+    void itemChosen(std::u16string text) override;
+
+private:
+    static constexpr int kAsteroidKinds = 4;
+
+    void openGameMenu();
+    void updateAnimations(std::uint32_t now);
+    void dressAsteroid(std::int32_t id);
+    void dressMissile(std::int32_t id);
+    void spawnExplosion(std::int32_t x, std::int32_t y);
+    void playExplosionSound() const;
+    void endGame();
+    void showMessage(const char16_t *format, std::int32_t number);
+    void showGameOver();
+
+    void renderWorld(Surface &target) const;
+    void renderTexts(Surface &target) const;
+    void renderClock(Surface &target) const;
+
+    Surface background;
+    Surface nukeButton;
+    Surface menuButton;
+    AnimatedSprite missileSprite;
+    AnimatedSprite asteroidSprites[kAsteroidKinds];
+    AnimatedSprite explosionSprite;
+    Application *application = nullptr;
+    GameState *state = nullptr;
+    std::int32_t explosionCounter = 0; ///< The last id given to an explosion.
+    std::uint32_t nukeFlashStart = 0;  ///< Tick of the last nuke.
+    bool menuOpen = false;
+};
+
+} // namespace mygame

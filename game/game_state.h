@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+
+#include "game/asteroid.h"
+#include "game/explosion.h"
+#include "game/missile.h"
+#include "game/player.h"
+#include "graphics/bitmap_font.h"
+#include "screens/anim_screen.h"
+#include "screens/menu_widget.h"
+#include "screens/message_screen.h"
+
+namespace mygame
+{
+
+enum class GameMode : std::int32_t {
+    None = 0, ///< Before the first choice.
+    Campaign = 1,
+    Survival = 2,
+    TimeAttack = 3,
+};
+
+enum class Difficulty : std::int32_t {
+    None = 0, ///< Before the first choice.
+    Easy = 1,
+    Medium = 2,
+    Hard = 3,
+};
+
+/// Milliseconds of game time that a time attack lasts.
+constexpr std::int32_t kTimeAttackMs = 20000;
+
+/// The one record of the current game and of what several screens show. The keys of the three tables are the
+/// records' ids, which only grow, so every pass visits the oldest record first.
+struct GameState {
+    std::int32_t elapsedMs = 0; ///< Game time at the last simulation step.
+    std::int32_t asteroidsDestroyed = 0;
+    GameMode mode = GameMode::None;
+    Difficulty difficulty = Difficulty::None;
+    std::map<std::int32_t, Asteroid> asteroids;
+    std::map<std::int32_t, Missile> missiles;
+    std::map<std::int32_t, Explosion> explosions;
+    Player player;
+    MessageScreen messageScreen;
+    BitmapFont font;
+    BitmapFont bigFont;
+    MenuWidget menu;
+    std::int32_t wave = 0;              ///< Of the campaign, from 1.
+    std::int32_t groupsThisWave = 0;    ///< Launched so far.
+    std::int32_t asteroidFlightMs = 0;  ///< Of the next asteroid, from its start to its target.
+    std::int32_t groupSize = 0;         ///< Asteroids in a group of the campaign.
+    std::int32_t missileTravelTime = 0; ///< Milliseconds that a missile takes for 300 pixels.
+    std::uint8_t soundOn = 0;           ///< 0 or 1.
+    AnimScreen animScreen;
+};
+
+} // namespace mygame

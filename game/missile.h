@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+#include "graphics/animated_sprite.h"
+
+namespace mygame
+{
+
+/// A missile on a straight way from the satellite to the tapped point. Places are centres in pixels, times
+/// are ticks in milliseconds.
+struct Missile {
+    std::int32_t targetX = 0;
+    std::int32_t targetY = 0;
+    std::int32_t startX = 0;
+    std::int32_t startY = 0;
+    std::uint32_t launchTime = 0;
+    std::int32_t flightMs = 0; ///< From start to target; 0 or less: it detonates where it starts.
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    AnimatedSprite *sprite = nullptr; ///< The game screen's; not drawn while null.
+    std::int32_t id = 0;
+};
+
+} // namespace mygame

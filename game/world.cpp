@@ -1,0 +1,128 @@
+/// The rules' operations on asteroids and missiles.
+#include <cstdlib>
+
+#include "game/events.h"
+#include "game/game_rules.h"
+#include "game/game_state.h"
+#include "game/physics.h"
+#include "platform/clock.h"
+#include "shell/event_bus.h"
+
+namespace mygame
+{
+namespace
+{
+
+/// Asteroids start and end at an x below this.
+constexpr std::int32_t kAsteroidXRange = 230;
+/// They start at this y or less than a range below it.
+constexpr std::int32_t kAsteroidStartY = -10;
+constexpr std::int32_t kAsteroidStartYRange = 20;
+constexpr std::int32_t kAsteroidTargetY = 300;
+
+/// Pixels; what is hit or blasted is strictly closer.
+constexpr std::int32_t kDirectHitRadius = 10;
+constexpr std::int32_t kBlastRadius = 28;
+
+constexpr std::int32_t kMoneyPerCredit = 100;
+
+EventBus &bus() { return EventBus::instance(); }
+
+} // namespace
+
+void GameRules::spawnAsteroid()
+{
+    const std::int32_t id = ++nextId;
+    Asteroid &asteroid = state->asteroids[id];
+    asteroid.id = id;
+    asteroid.flightMs = state->asteroidFlightMs;
+    asteroid.spawnTime = platform::GetTickCount();
+    asteroid.startX = std::rand() % kAsteroidXRange;
+    asteroid.targetX = std::rand() % kAsteroidXRange;
+    asteroid.targetY = kAsteroidTargetY;
+    asteroid.startY = std::rand() % kAsteroidStartYRange + kAsteroidStartY;
+    asteroid.x = asteroid.startX;
+    asteroid.y = asteroid.startY;
+    bus().post<AsteroidSpawnedEvent>(id);
+}
+
+void GameRules::spawnAsteroids(std::int32_t count)
+{
+    for (; count > 0; --count)
+        spawnAsteroid();
+}
+
+void GameRules::fireMissile(std::int32_t x, std::int32_t y)
+{
+    const Player &player = state->player;
+    if (static_cast<std::int32_t>(state->missiles.size()) >= player.missileSlots)
+        return;
+    const std::int32_t id = ++nextId;
+    Missile &missile = state->missiles[id];
+    missile.id = id;
+    missile.targetX = x;
+    missile.targetY = y;
+    missile.startX = missile.x = player.x;
+    missile.startY = missile.y = player.y;
+    missile.launchTime = platform::GetTickCount();
+    missile.flightMs = missileFlightMs(x - player.x, y - player.y, state->missileTravelTime);
+    bus().post<MissileLaunchedEvent>(id);
+}
+
+void GameRules::checkDirectHits()
+{
+    // Nothing is removed here: an asteroid near two missiles counts twice, and so does a missile near two.
+    for (const auto &[asteroidId, asteroid] : state->asteroids) {
+        for (const auto &[missileId, missile] : state->missiles) {
+            if (!inRange(asteroid, missile, kDirectHitRadius))
+                continue;
+            bus().post<MissileDetonatedEvent>(missileId, missile.x, missile.y);
+            bus().post<AsteroidDestroyedEvent>(asteroidId, asteroid.x, asteroid.y);
+            credit();
+        }
+    }
+}
+
+void GameRules::detonateMissile(std::int32_t id)
+{
+    const auto missile = state->missiles.find(id);
+    if (missile == state->missiles.end())
+        return;
+    // An asteroid that was hit directly is still there, and is credited once more.
+    for (const auto &[asteroidId, asteroid] : state->asteroids) {
+        if (!inRange(asteroid, missile->second, kBlastRadius))
+            continue;
+        credit();
+        bus().post<AsteroidDestroyedEvent>(asteroidId, asteroid.x, asteroid.y);
+    }
+    state->missiles.erase(missile);
+}
+
+void GameRules::destroyAsteroid(std::int32_t id)
+{
+    const bool removed = state->asteroids.erase(id) != 0;
+    if (removed && state->mode == GameMode::TimeAttack)
+        spawnAsteroid();
+}
+
+void GameRules::useNuke()
+{
+    if (state->player.nukes <= 0)
+        return;
+    --state->player.nukes;
+    for (const auto &[id, asteroid] : state->asteroids) {
+        bus().post<AsteroidDestroyedEvent>(id, asteroid.x, asteroid.y);
+        credit();
+    }
+    for (const auto &[id, missile] : state->missiles)
+        bus().post<MissileDetonatedEvent>(id, missile.x, missile.y);
+    bus().post<NukeFlashEvent>();
+}
+
+void GameRules::credit()
+{
+    ++state->asteroidsDestroyed;
+    state->player.money += kMoneyPerCredit;
+}
+
+} // namespace mygame

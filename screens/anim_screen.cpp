@@ -1,0 +1,46 @@
+#include "screens/anim_screen.h"
+
+#include "platform/clock.h"
+#include "shell/application.h"
+
+namespace mygame
+{
+namespace
+{
+
+constexpr std::int32_t kScreenWidth = 240;
+constexpr std::int32_t kScreenHeight = 320;
+
+} // namespace
+
+AnimScreen::AnimScreen() { buffer.create(kScreenWidth, kScreenHeight); }
+
+void AnimScreen::setScreens(Screen *staying, Screen *incoming)
+{
+    from = staying;
+    to = incoming;
+}
+
+void AnimScreen::render(Surface &target)
+{
+    from->render(target);
+    to->render(buffer);
+    buffer.blitTo(target, 0, offset);
+}
+
+void AnimScreen::update(std::uint32_t now)
+{
+    offset = kScreenHeight - static_cast<std::int32_t>(now - startTick);
+    if (offset <= 0)
+        application->setCurrentScreen(to);
+}
+
+bool AnimScreen::activate(Application *current)
+{
+    application = current;
+    offset = kScreenHeight;
+    startTick = platform::GetTickCount();
+    return true;
+}
+
+} // namespace mygame

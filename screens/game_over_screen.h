@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+
+#include "graphics/bitmap_font.h"
+#include "graphics/surface.h"
+#include "shell/screen.h"
+
+namespace mygame
+{
+
+/// The end of a lost game: a picture and four lines, the same every time. Draws right before it is activated.
+class GameOverScreen : public Screen
+{
+public:
+    /// Loads the picture.
+    GameOverScreen();
+
+    void setFont(const BitmapFont &textFont) { font = textFont; }
+
+    void render(Surface &target) override;
+    void keyDown(std::uint16_t key) override;
+    void pointerUp(std::uint16_t x, std::uint16_t y) override;
+    bool activate(Application *current) override;
+
+private:
+    Application *application = nullptr;
+    Surface background;
+    BitmapFont font;
+};
+
+} // namespace mygame

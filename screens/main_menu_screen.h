@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "graphics/surface.h"
+#include "screens/menu_listener.h"
+#include "shell/screen.h"
+
+namespace mygame
+{
+
+struct GameState;
+enum class Difficulty : std::int32_t;
+enum class GameMode : std::int32_t;
+
+/// The menu at the start and after every game: resume, new game with its mode and difficulty, sound, exit.
+class MainMenuScreen : public Screen, public MenuListener
+{
+public:
+    /// Loads the picture.
+    MainMenuScreen();
+
+    /// Sets the state to read and write. Once, before the first activation.
+    void link(GameState *state) { gameState = state; }
+
+    void render(Surface &target) override;
+    void update(std::uint32_t now) override;
+    void keyUp(std::uint16_t key) override;
+    void pointerUp(std::uint16_t x, std::uint16_t y) override;
+    bool activate(Application *current) override;
+
+    void itemChosen(std::u16string text) override;
+
+private:
+    void showTopList();
+    void showModeList();
+    void showDifficultyList();
+    void switchSound(bool on);
+    void chooseMode(GameMode mode);
+    void startGame(Difficulty difficulty);
+    bool canResume() const;
+
+    Application *application = nullptr;
+    Surface background;
+    GameState *gameState = nullptr;
+};
+
+} // namespace mygame

@@ -1,0 +1,46 @@
+#include "screens/message_screen.h"
+
+#include "graphics/image_loading.h"
+#include "shell/application.h"
+
+namespace mygame
+{
+namespace
+{
+
+constexpr std::int32_t kCentreX = 120;
+constexpr std::int32_t kTextY = 160;
+constexpr std::int32_t kPromptY = 300;
+/// A tap below this leads on.
+constexpr std::int32_t kStripTop = 280;
+
+} // namespace
+
+MessageScreen::MessageScreen() { background.load(dataFilePath(u"bg.jpg")); }
+
+void MessageScreen::setMessage(const std::u16string &message, Screen *nextScreen)
+{
+    text = message;
+    next = nextScreen;
+}
+
+void MessageScreen::render(Surface &target)
+{
+    background.blitTo(target, 0, 0);
+    target.drawText(font, text, kCentreX, kTextY, TextAlign::AlignCentre);
+    target.drawText(font, u"Click here to continue", kCentreX, kPromptY, TextAlign::AlignCentre);
+}
+
+void MessageScreen::pointerUp(std::uint16_t, std::uint16_t y)
+{
+    if (y > kStripTop)
+        application->setCurrentScreen(next);
+}
+
+bool MessageScreen::activate(Application *current)
+{
+    application = current;
+    return true;
+}
+
+} // namespace mygame

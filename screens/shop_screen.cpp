@@ -1,0 +1,181 @@
+#include "screens/shop_screen.h"
+
+#include "game/game_state.h"
+#include "graphics/image_loading.h"
+#include "platform/text.h"
+#include "shell/application.h"
+
+namespace mygame
+{
+namespace
+{
+
+struct Rect {
+    std::int32_t left, top, right, bottom;
+};
+
+/// True strictly inside: an edge does not count.
+bool isInside(const Rect &rect, std::int32_t x, std::int32_t y)
+{
+    return x > rect.left && x < rect.right && y > rect.top && y < rect.bottom;
+}
+
+constexpr Rect kBackZone = {120, 278, 225, 302};
+constexpr Rect kBuyZone = {14, 278, 112, 302};
+constexpr Rect kItemZone = {27, 27, 170, 81};
+/// Items are told apart by where a tap lies to this point.
+constexpr std::int32_t kItemSplitX = 98;
+constexpr std::int32_t kItemSplitY = 54;
+
+constexpr double kPropulsionFactor = 0.9;
+
+struct Offer {
+    ShopItem item;
+    std::int32_t price; ///< Dollars.
+    Rect frame;         ///< Of the item's icon, corners included.
+    void (*apply)(GameState &state);
+    const char16_t *priceText;
+    const char16_t *name;
+    const char16_t *description[3];
+};
+
+constexpr Offer kOffers[] = {
+    {ShopItem::Repair,
+     1000,
+     {28, 25, 92, 51},
+     [](GameState &state) { state.player.health = Player::kFullHealth; },
+     u"$1000",
+     u"Repair structural damages",
+     {u"All the damages will be repaired.", u"", u""}},
+    {ShopItem::MissileSlot,
+     1000,
+     {106, 25, 170, 51},
+     [](GameState &state) { ++state.player.missileSlots; },
+     u"$1000",
+     u"Missile slot",
+     {u"One more missile slot means", u"you can fire more files at the", u"same time."}},
+    {ShopItem::Nuke,
+     2000,
+     {28, 56, 92, 82},
+     [](GameState &state) { ++state.player.nukes; },
+     u"$2000",
+     u"Nuke",
+     {u"You can detonate nuke and get", u"rid of all enemies and their", u"missiles."}},
+    {ShopItem::Propulsion,
+     2000,
+     {106, 56, 170, 82},
+     [](GameState &state) {
+         state.missileTravelTime = static_cast<std::int32_t>(state.missileTravelTime * kPropulsionFactor);
+     },
+     u"$2000",
+     u"Missile propulsion system",
+     {u"Your scientists will improve your", u"missiles' propulsion system", u"making them faster."}},
+};
+
+/// Null while nothing is selected.
+const Offer *findOffer(ShopItem item)
+{
+    for (const Offer &offer : kOffers) {
+        if (offer.item == item)
+            return &offer;
+    }
+    return nullptr;
+}
+
+struct Label {
+    const char16_t *text;
+    std::int32_t centreX;
+    std::int32_t y;
+};
+
+constexpr Label kLabels[] = {
+    {u"shop", 120, 2},
+    {u"price", 37, 100},
+    {u"money", 203, 100},
+    {u"description", 85, 170},
+};
+
+constexpr std::int32_t kMoneyX = 178;
+constexpr std::int32_t kPriceX = 57;
+constexpr std::int32_t kAmountY = 127;
+constexpr std::int32_t kTextX = 50;
+constexpr std::int32_t kNameY = 190;
+constexpr std::int32_t kDescriptionY = 200;
+constexpr std::int32_t kLinePitch = 10;
+
+} // namespace
+
+ShopScreen::ShopScreen() { background.load(dataFilePath(u"shop.png")); }
+
+void ShopScreen::link(GameState *state, const BitmapFont &textFont)
+{
+    gameState = state;
+    font = textFont;
+}
+
+bool ShopScreen::activate(Application *current)
+{
+    application = current;
+    selected = ShopItem::None;
+    return true;
+}
+
+void ShopScreen::render(Surface &target)
+{
+    background.blitTo(target, 0, 0);
+    renderLabels(target);
+    renderSelection(target);
+}
+
+void ShopScreen::renderLabels(Surface &target) const
+{
+    char16_t money[platform::kMaxFormattedText];
+    platform::wsprintfW(money, u"$%d", gameState->player.money);
+    target.drawText(font, money, kMoneyX, kAmountY, TextAlign::AlignCentre);
+    for (const Label &label : kLabels)
+        target.drawText(font, label.text, label.centreX, label.y, TextAlign::AlignCentre);
+}
+
+void ShopScreen::renderSelection(Surface &target) const
+{
+    const Offer *offer = findOffer(selected);
+    if (!offer)
+        return;
+    target.drawText(font, offer->priceText, kPriceX, kAmountY, TextAlign::AlignCentre);
+    target.drawText(font, offer->name, kTextX, kNameY, TextAlign::AlignLeft);
+    std::int32_t y = kDescriptionY;
+    for (const char16_t *line : offer->description) {
+        target.drawText(font, line, kTextX, y, TextAlign::AlignLeft);
+        y += kLinePitch;
+    }
+    target.drawRect(offer->frame.left, offer->frame.top, offer->frame.right, offer->frame.bottom, kRed);
+}
+
+void ShopScreen::pointerUp(std::uint16_t x, std::uint16_t y)
+{
+    if (isInside(kBackZone, x, y))
+        application->setScreen("GAME");
+    else if (isInside(kBuyZone, x, y))
+        buy();
+    else if (isInside(kItemZone, x, y))
+        select(x, y);
+}
+
+void ShopScreen::select(std::int32_t x, std::int32_t y)
+{
+    if (y < kItemSplitY)
+        selected = x < kItemSplitX ? ShopItem::Repair : ShopItem::MissileSlot;
+    else
+        selected = x < kItemSplitX ? ShopItem::Nuke : ShopItem::Propulsion;
+}
+
+void ShopScreen::buy()
+{
+    const Offer *offer = findOffer(selected);
+    if (!offer || gameState->player.money < offer->price)
+        return;
+    offer->apply(*gameState);
+    gameState->player.money -= offer->price;
+}
+
+} // namespace mygame

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+
+#include "graphics/bitmap_font.h"
+#include "graphics/surface.h"
+#include "shell/screen.h"
+
+namespace mygame
+{
+
+struct GameState;
+
+enum class ShopItem : std::int32_t {
+    None = 1,
+    Repair = 2,
+    MissileSlot = 3,
+    Nuke = 4,
+    Propulsion = 5,
+};
+
+/// The shop between two waves of a campaign. What can be tapped is painted in its picture.
+class ShopScreen : public Screen
+{
+public:
+    /// Loads the picture.
+    ShopScreen();
+
+    /// Sets the state that purchases change, and the font of the texts. Once, before the first activation.
+    void link(GameState *state, const BitmapFont &textFont);
+
+    void render(Surface &target) override;
+    void pointerUp(std::uint16_t x, std::uint16_t y) override;
+    bool activate(Application *current) override;
+
+private:
+    void renderLabels(Surface &target) const;
+    void renderSelection(Surface &target) const;
+    void select(std::int32_t x, std::int32_t y);
+    void buy();
+
+    Application *application = nullptr;
+    GameState *gameState = nullptr;
+    Surface background;
+    BitmapFont font;
+    ShopItem selected = ShopItem::None;
+};
+
+} // namespace mygame

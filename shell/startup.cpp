@@ -1,0 +1,106 @@
+#include "shell/startup.h"
+
+#include <cstdlib>
+
+#include "game/game_rules.h"
+#include "game/game_screen.h"
+#include "game/game_state.h"
+#include "graphics/image_loading.h"
+#include "platform/clock.h"
+#include "screens/game_over_screen.h"
+#include "screens/main_menu_screen.h"
+#include "screens/shop_screen.h"
+#include "shell/application.h"
+
+namespace mygame
+{
+namespace
+{
+
+constexpr char16_t kFontCharacters[] = u" ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                       u"abcdefghijklmnopqrstuvwxyz"
+                                       u"1234567890"
+                                       u"!?\"'#$%&()[]{}_.,;:<>/*-+\\@|";
+constexpr char16_t kBigFontCharacters[] = u" ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                          u"abcdefghijklmnopqrstuvwxyz";
+
+void loadFont(BitmapFont &font, const char16_t *file, const char16_t *characters)
+{
+    font.load(dataFilePath(file), characters);
+    font.setColourKey(kMagenta);
+}
+
+void loadCap(Surface &cap, const char16_t *file)
+{
+    cap.load(dataFilePath(file));
+    cap.setColourKey(kMagenta);
+}
+
+} // namespace
+
+Program::Program()
+{
+    application_ = std::make_unique<Application>();
+    std::srand(platform::GetTickCount());
+    state_ = std::make_unique<GameState>();
+    rules = std::make_unique<GameRules>();
+    gameScreen = std::make_unique<GameScreen>();
+    rules->link(state_.get());
+    gameScreen->link(state_.get());
+    state_->soundOn = 1;
+    loadFonts();
+    setUpMenu();
+    shop = std::make_unique<ShopScreen>();
+    gameOver = std::make_unique<GameOverScreen>();
+    mainMenu = std::make_unique<MainMenuScreen>();
+    linkScreens();
+    registerScreens();
+    application_->setScreen("MAIN_MENU");
+}
+
+Program::~Program() = default;
+
+void Program::loadFonts()
+{
+    loadFont(state_->font, u"font.png", kFontCharacters);
+    loadFont(state_->bigFont, u"font_big.png", kBigFontCharacters);
+}
+
+void Program::setUpMenu()
+{
+    loadCap(leftCap, u"menu_left.png");
+    loadCap(rightCap, u"menu_right.png");
+    state_->menu.setup(state_->bigFont, leftCap, rightCap);
+}
+
+void Program::linkScreens()
+{
+    gameOver->setFont(state_->font);
+    shop->link(state_.get(), state_->font);
+    mainMenu->link(state_.get());
+    state_->messageScreen.setFont(state_->font);
+}
+
+void Program::registerScreens()
+{
+    application_->addScreen("SHOP", shop.get());
+    application_->addScreen("GAME", gameScreen.get());
+    application_->addScreen("GAME_OVER", gameOver.get());
+    application_->addScreen("MAIN_MENU", mainMenu.get());
+    application_->addScreen("MESSAGE", &state_->messageScreen);
+    application_->addScreen("ANIMSCREEN", &state_->animScreen);
+}
+
+void Program::run(platform::HINSTANCE instance, int showCommand)
+{
+    if (application_->init(instance, showCommand))
+        application_->run();
+}
+
+int startUp(platform::HINSTANCE instance, platform::HINSTANCE, const char16_t *, int showCommand)
+{
+    Program().run(instance, showCommand);
+    return 0;
+}
+
+} // namespace mygame

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+
+#include "graphics/surface.h"
+#include "platform/window.h"
+
+namespace mygame
+{
+
+class Application;
+class GameOverScreen;
+class GameRules;
+class GameScreen;
+class MainMenuScreen;
+class ShopScreen;
+struct GameState;
+
+/// Everything the program is made of, built and wired together.
+class Program
+{
+public:
+    /// Builds all of it: the main menu is current then, before there is a window.
+    Program();
+    Program(const Program &) = delete;
+    Program &operator=(const Program &) = delete;
+    /// Tears it down, the application first.
+    ~Program();
+
+    /// Opens the window and plays until the player leaves. Returns at once when there can be no window.
+    void run(platform::HINSTANCE instance, int showCommand);
+
+    Application &application() { return *application_; }
+    const GameState &state() const { return *state_; }
+
+private:
+    void loadFonts();
+    void setUpMenu();
+    void linkScreens();
+    void registerScreens();
+
+    // In the reverse order of their destruction, which is not that of their construction.
+    Surface leftCap;
+    Surface rightCap;
+    std::unique_ptr<GameState> state_;
+    std::unique_ptr<GameRules> rules;
+    std::unique_ptr<GameScreen> gameScreen;
+    std::unique_ptr<ShopScreen> shop;
+    std::unique_ptr<MainMenuScreen> mainMenu;
+    std::unique_ptr<GameOverScreen> gameOver;
+    std::unique_ptr<Application> application_;
+};
+
+/// The program's entry: builds it, runs it and tears it down. Previous instance and command line are not
+/// used.
+/// @return the exit code, always 0.
+int startUp(platform::HINSTANCE instance, platform::HINSTANCE previousInstance, const char16_t *commandLine,
+            int showCommand);
+
+} // namespace mygame

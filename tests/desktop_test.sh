@@ -224,6 +224,15 @@ test_window_manager()
     equal "exit code after the close button" 0 "$result"
 }
 
+test_end_of_session()
+{
+    start_demo
+    kill "$(jobs -p | head -1)" # the X server
+    await_end "without its display"
+    equal "exit code without a display" 0 "$result"
+    equal "log's last line without a display" "Main loop stopped" "$(tail -1 log.txt)"
+}
+
 start_display
 cd "$work"
 test_picture
@@ -237,3 +246,4 @@ test_ends
 test_paths
 test_sound
 test_window_manager
+test_end_of_session

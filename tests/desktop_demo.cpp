@@ -1,0 +1,171 @@
+/// A program to try the desktop device with: moving and standing pictures, text, and every input message that
+/// arrives written to the standard output, where `desktop_test.sh` and `desktop_figures.sh` read it.
+///
+/// Space stops the movement and goes on with it, Enter makes every pixel change in every frame, Backspace
+/// plays a sound, Escape ends.
+
+#include <cinttypes>
+#include <cstdio>
+#include <optional>
+
+#include "graphics/animated_sprite.h"
+#include "graphics/bitmap_font.h"
+#include "graphics/image_loading.h"
+#include "platform/sound.h"
+#include "shell/application.h"
+
+namespace mygame
+{
+namespace
+{
+
+constexpr std::uint16_t kBackspace = 0x08;
+constexpr std::uint16_t kEnter = 0x0D;
+constexpr std::uint16_t kEscape = 0x1B;
+constexpr std::uint16_t kSpace = 0x20;
+
+constexpr std::int32_t kScreenWidth = 240;
+constexpr std::int32_t kScreenHeight = 320;
+constexpr std::int32_t kMiddle = kScreenWidth / 2;
+
+constexpr Pixel kBackground = packColour(16, 32, 72);
+constexpr Pixel kBlue = packColour(0, 0, 255);
+constexpr std::int32_t kSpriteFrameMs = 150;
+constexpr std::int32_t kSpriteRange = 200; ///< Pixels that the sprite travels before it starts again.
+
+enum class Motion { Moving, Still, EveryPixel };
+
+struct Place {
+    std::uint16_t x;
+    std::uint16_t y;
+};
+
+/// Written at once: whoever reads it waits for it.
+void report(const char *what, Place place)
+{
+    std::printf("%s %d %d\n", what, place.x, place.y);
+    std::fflush(stdout);
+}
+
+void report(const char *what, std::uint32_t number)
+{
+    std::printf("%s %02" PRIX32 "\n", what, number);
+    std::fflush(stdout);
+}
+
+class DemoScreen : public Screen
+{
+public:
+    bool load()
+    {
+        const bool loaded = ball.load(dataFilePath(u"demo\\ball.png"), kSpriteFrameMs) &&
+                            font.load(dataFilePath(u"demo\\font.png"), u" ABCDEFGHIJKLMNOPQRSTUVWXYZ") &&
+                            picture.load(dataFilePath(u"demo\\picture.png"));
+        ball.setColourKey(kMagenta);
+        font.setColourKey(kMagenta);
+        ball.start(0, AnimatedSprite::kLoopForEver);
+        return loaded;
+    }
+
+    void render(Surface &target) override
+    {
+        target.fill(motion == Motion::EveryPixel ? static_cast<Pixel>(frames * 0x0841) : kBackground);
+        drawColours(target);
+        picture.blitCentredTo(target, kMiddle, 220);
+        target.drawText(font, u"LEFT", 4, 60, TextAlign::AlignLeft);
+        target.drawText(font, u"CENTRE", kMiddle, 80, TextAlign::AlignCentre);
+        target.drawText(font, u"RIGHT", kScreenWidth - 5, 100, TextAlign::AlignRight);
+        ball.drawCentred(target, 20 + frames % kSpriteRange, 130);
+        if (stylus)
+            target.drawRect(stylus->x - 4, stylus->y - 4, stylus->x + 4, stylus->y + 4, kRed);
+    }
+
+    void update(std::uint32_t now) override
+    {
+        if (motion != Motion::Still) {
+            ball.update(now);
+            ++frames;
+        }
+        if (!shown)
+            report("picture", now);
+        shown = true;
+    }
+
+    void keyDown(std::uint16_t key) override
+    {
+        report("press", key);
+        if (key == kEscape)
+            application->requestStop();
+        else if (key == kSpace)
+            motion = motion == Motion::Still ? Motion::Moving : Motion::Still;
+        else if (key == kEnter)
+            motion = Motion::EveryPixel;
+        else if (key == kBackspace)
+            platform::PlaySoundW(dataFilePath(u"demo\\sound.wav").c_str(), nullptr,
+                                 platform::SND_FILENAME | platform::SND_ASYNC);
+    }
+
+    void keyUp(std::uint16_t key) override { report("release", key); }
+
+    void pointerDown(std::uint16_t x, std::uint16_t y) override
+    {
+        stylus = {x, y};
+        report("down", *stylus);
+    }
+
+    void pointerMove(std::uint16_t x, std::uint16_t y) override
+    {
+        stylus = {x, y};
+        report("move", *stylus);
+    }
+
+    void pointerUp(std::uint16_t x, std::uint16_t y) override
+    {
+        stylus.reset();
+        report("up", Place{x, y});
+    }
+
+    bool activate(Application *owner) override
+    {
+        application = owner;
+        return true;
+    }
+
+private:
+    /// Squares of the colours whose exact values are looked for, a frame around the whole screen.
+    static void drawColours(Surface &target)
+    {
+        constexpr Pixel kColours[] = {kWhite, kGreen, kRed, kBlue, kMagenta, kBlack};
+        std::int32_t x = 10;
+        for (const Pixel colour : kColours) {
+            target.fillRect(x, 10, x + 29, 39, colour);
+            x += 38;
+        }
+        target.drawRect(0, 0, kScreenWidth - 1, kScreenHeight - 1, kWhite);
+    }
+
+    Application *application = nullptr;
+    AnimatedSprite ball;
+    BitmapFont font;
+    Surface picture;
+    Motion motion = Motion::Moving;
+    std::int32_t frames = 0;
+    bool shown = false;
+    std::optional<Place> stylus;
+};
+
+} // namespace
+} // namespace mygame
+
+int main()
+{
+    mygame::Application application;
+    mygame::DemoScreen screen;
+    if (!screen.load())
+        std::fprintf(stderr, "desktop_demo: cannot load the pictures in demo/ beside the program\n");
+    application.addScreen("DEMO", &screen);
+    application.setScreen("DEMO");
+    if (application.init(nullptr, platform::SW_SHOW))
+        application.run();
+    return 0;
+}

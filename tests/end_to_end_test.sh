@@ -1,0 +1,84 @@
+#!/bin/bash
+# Plays `mygame` in a window with real pointer and key events, and compares what it shows with what the same
+# program shows on the virtual device.
+#   end_to_end_test.sh FOLDER_OF_THE_PROGRAMS
+set -eu
+
+programs=$(cd "$1" && pwd)
+. "$(dirname "$0")/support/display.sh"
+start_display
+cd "$work"
+
+# What the still screens look like.
+cat > screens.txt <<'SCRIPT'
+at 400 snapshot top
+at 500 release 120 130
+at 1200 snapshot modes
+at 1200 release 120 185
+at 1900 snapshot difficulties
+at 1900 release 120 125
+at 3000 touch 220 300
+at 3500 touch 120 175
+at 4300 snapshot resumable
+at 4400 quit
+SCRIPT
+"$programs/replay" screens.txt --snapshots expected
+
+mkdir first second
+(cd first && exec "$programs/mygame") &
+game=$!
+wait_for "the window" find_window
+wait_for "the main menu" shows expected/top.png
+
+tap 120 130
+wait_for "the modes after a tap on \"New game\"" shows expected/modes.png
+tap 120 185
+wait_for "the difficulties after a tap on \"Time attack\"" shows expected/difficulties.png
+tap 120 125
+
+in_game() { picture now.png && ! same now.png expected/difficulties.png && moves; }
+wait_for "a moving game after a tap on \"Easy\"" in_game
+for x in 60 120 180; do
+    tap $x 120
+    sleep 0.4
+done
+
+tap 225 305
+stands_still() { ! moves; }
+wait_for "the game to stand still under its menu" stands_still
+tap 120 175
+wait_for "the main menu with \"Resume\"" shows expected/resumable.png
+(cd second && timeout 20 "$programs/mygame") || fail "the second copy ended with exit code $?"
+[ "$(cat second/log.txt)" = "InitInit Failed" ] || fail "the second copy's log: $(cat second/log.txt)"
+kill -0 $game || fail "the first copy has ended"
+
+tap 120 115
+wait_for "the game to go on after \"Resume\"" in_game
+
+xev > xev.log 2>&1 &
+other_window() { other=$(xdotool search --name 'Event Tester' | head -n 1) && [ -n "$other" ]; }
+wait_for "another window" other_window
+xdotool windowfocus --sync "$other"
+wait_for "the game to stand still in the background" stands_still
+xdotool windowfocus --sync "$window" windowraise "$window"
+wait_for "the game to go on in the foreground" moves
+
+tap 225 305
+wait_for "the game to stand still under its menu again" stands_still
+tap 120 175
+wait_for "the main menu with \"Resume\" again" shows expected/resumable.png
+tap 120 205
+
+ended() { ! kill -0 $game 2> /dev/null; }
+wait_for "the program to end after \"Exit\"" ended
+wait $game || fail "the program ended with exit code $?"
+expected_log="InitOpening display...
+Display properties:
+Screen Width:240
+Screen Height: 320
+BPP: 16
+Format: 128
+Standard display
+Main loop stopped"
+[ "$(cat first/log.txt)" = "$expected_log" ] || fail "the log: $(cat first/log.txt)"
+echo "a game was played, left, resumed and ended"

@@ -1,0 +1,101 @@
+# For tests on a real display: a display server of their own, bounded waiting, pictures. To be sourced by bash.
+# After `start_display` there is $work, a folder that goes with the test, and DISPLAY.
+
+started_in=$PWD
+
+# Copies of the program find each other by a name in the network's namespace. In one of its own a test meets
+# neither a game that is being played nor another test.
+if [ -z "${OWN_NAMESPACE:-}" ] && unshare --map-root-user --net true 2> /dev/null; then
+    OWN_NAMESPACE=1 exec unshare --map-root-user --net "$0" "$@"
+fi
+
+fail()
+{
+    echo "FAILED: $*" >&2
+    if [ -n "${DISPLAY:-}" ] && import -silent -window root "$started_in/failed.png"; then
+        echo "the screen then: $started_in/failed.png" >&2
+    fi
+    exit 1
+}
+
+# A display of 1280 x 1024 on which the picture of 240 x 320 has room three times enlarged.
+start_display()
+{
+    work=$(mktemp -d)
+    mkfifo "$work/number"
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> "$work/number" 2> "$work/xvfb.log" &
+    local server=$!
+    trap 'kill $(jobs -p) 2> /dev/null || true; wait 2> /dev/null; rm -rf "$work"' EXIT
+    read -r -t 20 number < "$work/number" || fail "no display server: $(cat "$work/xvfb.log")"
+    kill -0 $server
+    export DISPLAY=:$number
+    unset WAYLAND_DISPLAY
+}
+
+# wait_for WHAT COMMAND...: until the command succeeds, ten seconds at most.
+wait_for()
+{
+    local what=$1
+    shift
+    for _ in $(seq 100); do
+        "$@" && return
+        sleep 0.1
+    done
+    fail "waited in vain: $what"
+}
+
+# Sets $window and its place and size, X Y WIDTH HEIGHT.
+find_window()
+{
+    window=$(xdotool search --onlyvisible --name '^MyGame$' | head -n 1)
+    [ -n "$window" ] && eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
+}
+
+# Window pixels for a screen pixel.
+scale() { echo $((WIDTH / 240 < HEIGHT / 320 ? WIDTH / 240 : HEIGHT / 320)); }
+
+# point_at X Y: puts the pointer into the middle of a screen pixel.
+point_at()
+{
+    local s
+    s=$(scale)
+    xdotool mousemove $((X + (WIDTH - 240 * s) / 2 + $1 * s + s / 2)) $((Y + (HEIGHT - 320 * s) / 2 + $2 * s + s / 2))
+}
+
+tap()
+{
+    point_at "$1" "$2"
+    xdotool click 1
+}
+
+# picture FILE: what the window shows, at 240 x 320.
+picture()
+{
+    local s
+    s=$(scale)
+    import -silent -window root -crop "$((240 * s))x$((320 * s))+$((X + (WIDTH - 240 * s) / 2))+$((Y + (HEIGHT - 320 * s) / 2))" \
+        +repage "$work/enlarged.png"
+    convert "$work/enlarged.png" -filter point -resize 240x320! "$1"
+}
+
+# same A B [GEOMETRY]: whether two pictures, or a part of them, have the same pixels.
+same()
+{
+    local part=${3:-240x320+0+0}
+    [ "$(compare -metric AE -extract "$part" "$1" "$2" null: 2>&1)" = 0 ]
+}
+
+# shows FILE [GEOMETRY]: whether the window shows a picture, or a part of it, to the pixel.
+shows()
+{
+    picture "$work/now.png"
+    same "$work/now.png" "$@"
+}
+
+# moves: whether the window shows something else after a while.
+moves()
+{
+    picture "$work/before.png"
+    sleep 0.3
+    ! shows "$work/before.png"
+}

@@ -1,3 +1,6 @@
+#include <string>
+#include <vector>
+
 #include "game/events.h"
 #include "graphics/image_loading.h"
 #include "tests/game/game_test.h"

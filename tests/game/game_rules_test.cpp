@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "game/physics.h"
 #include "tests/game/game_test.h"
 
@@ -99,7 +101,6 @@ TEST_F(GameRulesTest, StrikeTheEarthBelowItsEdge)
     constexpr struct {
         std::int32_t x, edge;
     } kEdges[] = {{113, 260}, {117, 260}, {118, 261}, {108, 261}, {0, 283}, {229, 284}};
-    playUnderEmptySky();
     for (const auto &[x, edge] : kEdges) {
         state.player.health = 100;
         hang(1, x, edge);

@@ -11,7 +11,7 @@ namespace mygame::tests
 namespace
 {
 
-constexpr std::uint32_t kFirstTick = 1000000;
+constexpr std::uint32_t kMsBetweenTests = 1000000;
 
 /// Writes down what is delivered, as the last listener.
 class Story final : public EventListener
@@ -48,10 +48,10 @@ private:
 
 platform::VirtualDevice &freshDevice()
 {
-    static std::uint32_t tick = 0;
-    platform::VirtualDevice::reset();
     platform::VirtualDevice &device = platform::VirtualDevice::instance();
-    device.switchOn(tick += kFirstTick);
+    const std::uint32_t tick = device.tick() + kMsBetweenTests;
+    platform::VirtualDevice::reset();
+    device.switchOn(tick);
     device.dataFolder = DATA_FOLDER;
     device.hiddenFiles = {u"bg.jpg", u"game_over.jpg", u"menu.jpg", u"shop.png"};
     return device;

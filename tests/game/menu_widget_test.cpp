@@ -1,6 +1,6 @@
-#include <memory>
+#include <string>
+#include <vector>
 
-#include "graphics/image_loading.h"
 #include "screens/menu_listener.h"
 #include "tests/game/game_test.h"
 

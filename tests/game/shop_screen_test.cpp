@@ -1,3 +1,5 @@
+#include <string_view>
+
 #include "tests/game/game_test.h"
 
 namespace mygame::tests

@@ -40,7 +40,8 @@ TEST_F(ShopScreenTest, TakesTapsStrictlyInsideItsZones)
 
 TEST_F(ShopScreenTest, WearsThePropulsionDownToNothing)
 {
-    play(GameMode::Campaign);
+    play(GameMode::Survival);
+    state.asteroids.clear();
     application.setScreen("SHOP");
     tap(98, 54);
     state.player.money = 119999;

@@ -54,6 +54,7 @@ TEST_F(AnimatedSpriteTest, CutsFramesAtTheMarksInColumn0)
     EXPECT_EQ(framesOf(spriteOf("Mab/Mcd/.xx/.xx/Mef/MMM/.xx/Mij/", 1)), "ab/cd/ ef/MM/ ij/ ");
     EXPECT_EQ(framesOf(spriteOf("Mab/.xx/.xx/", 1)), "ab/ ");
     EXPECT_EQ(framesOf(spriteOf("M/./M/", 1)), "/ / ");
+    EXPECT_EQ(framesOf(spriteOf("_a/_b/", 1)), "a/b/ ") << "black marks end with the picture, too";
 }
 
 TEST_F(AnimatedSpriteTest, FinishesWhenTheIndexHasWrapped)
@@ -118,6 +119,8 @@ TEST_F(AnimatedSpriteTest, SharesFramesButNotTimingWithCopies)
     EXPECT_TRUE(copy.isFinished());
     copy.setColourKey('a');
     EXPECT_TRUE(master.frame(0).keyEnabled());
+    master = copy;
+    EXPECT_EQ(master.currentFrame(), 0);
     EXPECT_FALSE(master.load(u"\\device\\missing.png", 10));
     EXPECT_EQ(framesOf(master), "");
     copy.start(0, 1);

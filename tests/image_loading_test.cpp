@@ -115,11 +115,13 @@ TEST_F(ImageLoading, ReadsEveryKindOfJpeg)
                  {{4, JCS_CMYK, JCS_CMYK}, inks, kColours},
                  {{4, JCS_CMYK, JCS_CMYK, false, true}, light, kColours},
                  {{4, JCS_CMYK, JCS_YCCK, true, true}, light, kColours}};
-    for (const auto &[kind, samples, pixels] : files) {
-        const Surface surface = decoded(jpeg(kind, 32, 32, [&](int, int y) { return samples[y / 16]; }));
-        ASSERT_EQ(surface.pixelCount(), 32 * 32) << kind.storedSpace << ", " << kind.adobeMarker;
-        EXPECT_EQ(surface.pixelAt(4, 4), pixels[0]) << kind.storedSpace << ", " << kind.adobeMarker;
-        EXPECT_EQ(surface.pixelAt(28, 28), pixels[1]) << kind.storedSpace << ", " << kind.adobeMarker;
+    for (const auto &file : files) {
+        SCOPED_TRACE(&file - files);
+        const Surface surface =
+            decoded(jpeg(file.kind, 32, 32, [&file](int, int y) { return file.samples[y / 16]; }));
+        ASSERT_EQ(surface.pixelCount(), 32 * 32);
+        EXPECT_EQ(surface.pixelAt(4, 4), file.pixels[0]);
+        EXPECT_EQ(surface.pixelAt(28, 28), file.pixels[1]);
     }
 }
 
@@ -179,7 +181,7 @@ TEST_F(ImageLoading, FindsDataFilesBesideTheExecutable)
     EXPECT_EQ(pathFrom(u"\\Storage\\My Apps\\run.exe"), u"\\Storage\\My Apps\\a\\b.png");
     for (const char16_t *executable : {u"\\run.exe", u"run.exe", u"\\", u""})
         EXPECT_EQ(pathFrom(executable), u"\\a\\b.png");
-    for (const std::size_t length : {258, 259, 260, 261, 520, 5000}) {
+    for (const std::size_t length : {258u, 259u, 260u, 261u, 520u, 5000u}) {
         const std::u16string deep = u'\\' + std::u16string(length - 3, u'x') + u'\\';
         EXPECT_EQ(pathFrom(deep + u'r'), deep + u"a\\b.png") << length;
     }

@@ -101,7 +101,7 @@ std::string jpeg(const JpegKind &kind, std::uint32_t width, std::uint32_t height
     }
     jpeg_finish_compress(&encoder);
     jpeg_destroy_compress(&encoder);
-    const std::string result(bytes, bytes + size);
+    std::string result(bytes, bytes + size);
     std::free(bytes);
     return result;
 }

@@ -2,20 +2,22 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <vector>
 
 #include <png.h>
 #include <zlib.h>
 
-#include "fuzz/fuzzer.h"
 #include "graphics/animated_sprite.h"
 #include "graphics/bitmap_font.h"
 #include "graphics/image_loading.h"
+#include "platform/image_files.h"
 #include "platform/virtual/virtual_device.h"
+
+#include "fuzz/fuzzer.h"
 
 namespace
 {
@@ -78,7 +80,7 @@ const MemoryFile &file()
 /// the ends of what a coordinate can be.
 std::vector<std::int32_t> places(std::int32_t length, std::int32_t room)
 {
-    return {INT32_MIN, -length - 1,   -length, 1 - length, -1,       0,
+    return {INT32_MIN, -length - 1,   -length,  1 - length, -1,       0,
             room / 2,  room - length, room - 1, room,       room + 1, INT32_MAX};
 }
 
@@ -132,7 +134,8 @@ void drawFont(const std::u16string &path, const Surface &strip)
     std::int32_t columns = 0;
     for (const char16_t character : kCharacters)
         columns += font.glyph(character)->width();
-    require(columns >= 1 && columns <= strip.width(), "the glyphs have none or more columns than the picture");
+    require(columns >= 1 && columns <= strip.width(),
+            "the glyphs have none or more columns than the picture");
     font.setColourKey(strip.pixelAt(0, 1));
     const std::u16string text = u"A?b 01" + std::u16string(kCharacters);
     Surface target = blankTarget();
@@ -164,7 +167,7 @@ void writePainted(const std::uint8_t *bytes, std::size_t size)
 {
     constexpr png_byte kColours[] = {0, 0xFF, 0xFF, 0xFF, 0, 0xFF};
     const std::size_t width = bytes[0] % 64u + 1;
-    const std::size_t height = std::max<std::size_t>((size - 1) * 8 / width, 1);
+    const std::size_t height = std::clamp<std::size_t>((size - 1) * 8 / width, 1, platform::kMaxPictureSide);
     std::vector<png_byte> pixels(width * height);
     for (std::size_t i = 0; i < pixels.size(); ++i)
         pixels[i] = i / 8 + 1 < size ? bytes[i / 8 + 1] >> (i % 8) & 1 : 0;

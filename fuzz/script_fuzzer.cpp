@@ -5,13 +5,14 @@
 #include <string_view>
 #include <variant>
 
-#include "fuzz/fuzzer.h"
 #include "platform/virtual/virtual_device.h"
 #include "shell/event_bus.h"
 #include "shell/startup.h"
 #include "tools/replay/options.h"
 #include "tools/replay/recorder.h"
 #include "tools/replay/script.h"
+
+#include "fuzz/fuzzer.h"
 
 namespace
 {

@@ -7,6 +7,6 @@ cd "$(dirname "$0")"
 preset=${1:-release}
 # shellcheck disable=SC2086 # one word a package
 install_missing $TEST_PACKAGES
-cmake --preset "$preset" --log-level=WARNING -DBUILD_TESTING=ON >/dev/null
+cmake --preset "$preset" --log-level=WARNING >/dev/null
 cmake --build --preset "$preset" -- --quiet
 ctest --preset "$preset" --no-tests=error --parallel "$(nproc)"

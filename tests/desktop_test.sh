@@ -1,88 +1,72 @@
 #!/bin/bash
 # Plays with desktop_demo on an X server of its own, with real pointer and key events: first without a window
 # manager, then with one. Every check that fails says so in one line, and ends the test.
-#
-# usage: tests/desktop_test.sh [folder with the programs, build/release/bin by default]
-set -u
+#   desktop_test.sh [FOLDER_OF_THE_PROGRAMS, build/release/bin by default]
+set -eu
 
-# shellcheck source=tests/desktop_session.sh
-. "$(dirname "$0")/desktop_session.sh"
+# shellcheck source=tests/support/desktop_demo.sh
+. "$(dirname "$0")/support/desktop_demo.sh"
 
-# Reads the program's next lines and compares them with the arguments, so that a line too many is seen too.
-expect() { # what, line...
+# expect WHAT LINE...: the program's next lines, so that a line too many is seen too.
+expect()
+{
     local what=$1 line
     shift
     for wanted; do
-        read -r -t $patienceSeconds line <&4 || line="nothing"
+        read -r -t $patience line <&4 || line="nothing"
         [ "$line" = "$wanted" ] || fail "$what: expected '$wanted', got '$line'"
     done
 }
 
-equal() { # what, expected, actual
-    [ "$2" = "$3" ] || fail "$1: expected $2, got $3"
-}
+# equal WHAT EXPECTED ACTUAL
+equal() { [ "$2" = "$3" ] || fail "$1: expected '$2', got '$3'"; }
 
-# Runs a command until it succeeds.
-await() { # what, command...
-    local what=$1 tries
-    shift
-    for ((tries = 0; tries < patienceSeconds * 10; ++tries)); do
-        "$@" && return
-        sleep 0.1
-    done
-    fail "$what did not happen"
-}
-
-# Colours of the display at places written "x,y", joined by spaces.
-colours() {
+# colours PLACE...: what the display shows at places written "x,y", each followed by a space.
+colours()
+{
     local places
     places=$(printf '%%[hex:p{%s}] ' "$@")
-    import -silent -window root "$folder/shot.png" && convert "$folder/shot.png" -format "$places" info:
+    import -silent -window root "$work/shot.png" && convert "$work/shot.png" -format "$places" info:
 }
 
-showsColours() { # expected, place...
-    local wanted=$1
-    shift
-    actual=$(colours "$@")
-    [ "$actual" = "$wanted " ]
-}
+shows_colours() { [ "$(colours "${@:2}")" = "$1 " ]; }
 
-expectColours() { # what, expected, place...
-    local what=$1
-    shift
-    await "$what (expected $1 at ${*:2})" showsColours "$@"
-}
+# expect_colours WHAT COLOURS PLACE...
+expect_colours() { wait_for "$1: $2 at ${*:3}" shows_colours "${@:2}"; }
 
-hasFocus() { [ "$(xdotool getwindowfocus 2>/dev/null)" = "$window" ]; }
-hasGeometry() { xdotool getwindowgeometry --shell "$window" | tr '\n' ' ' | grep -q "$1"; }
-hasNoFocus() { ! hasFocus; }
-hasWindowManager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
+has_focus() { [ "$(xdotool getwindowfocus 2> /dev/null)" = "$window" ]; }
+has_geometry() { xdotool getwindowgeometry --shell "$window" | tr '\n' ' ' | grep -q "$1"; }
+has_no_focus() { ! has_focus; }
+has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
 
 click() { xdotool mousemove "$1" "$2" click 1; }
 
-# A key that certainly arrives, so that everything before it has been dealt with.
-expectNothingElse() {
+# expect_nothing_else WHAT: by a key that certainly arrives, after everything before it has been dealt with.
+expect_nothing_else()
+{
     xdotool key Left
     expect "$1" "press 25" "release 25"
 }
 
-testPicture() {
+test_picture()
+{
     # At three times size the screen begins at 280, 32; bars are black, colours exact, edges sharp.
-    startDemo
-    expectColours "first picture" "000000 FFFFFF FFFFFF 10204A" 279,500 280,32 999,991 283,35
-    expectColours "colours at three times size" "FFFFFF 00FF00 FF0000 0000FF FF00FF 000000" \
+    start_demo
+    expect_colours "first picture" "000000 FFFFFF FFFFFF 10204A" 279,500 280,32 999,991 283,35
+    expect_colours "colours at three times size" "FFFFFF 00FF00 FF0000 0000FF FF00FF 000000" \
         310,62 424,62 538,62 652,62 766,62 880,62
-    expectColours "edges of a square" "10204A FFFFFF FFFFFF 10204A" 309,100 310,100 399,100 400,100
+    expect_colours "edges of a square" "10204A FFFFFF FFFFFF 10204A" 309,100 310,100 399,100 400,100
 
     xdotool windowsize --sync "$window" 500 700
-    expectColours "colours at twice the size" "000000 FFFFFF 00FF00 10204A" 289,400 290,62 398,82 292,64
+    expect_colours "colours at twice the size" "000000 FFFFFF 00FF00 10204A" 289,400 290,62 398,82 292,64
     click 290 62
     expect "click at twice the size" "down 0 0" "up 0 0"
     xdotool windowsize --sync "$window" 720 960
-    expectColours "picture after growing again" "FFFFFF" 999,991
+    expect_colours "picture after growing again" "FFFFFF" 999,991
 }
 
-testStylus() {
+test_stylus()
+{
     click 280 32
     click 999 991
     click 282 34
@@ -95,151 +79,172 @@ testStylus() {
 
     xdotool mousemove 580 500 mousedown 3 mouseup 3 mousedown 1
     expect "press before the keyboard goes" "down 100 156"
-    xdotool windowfocus $noWindow
+    xdotool windowfocus $no_window
     expect "release when the keyboard goes" "up 100 156"
     xdotool mouseup 1
     click 600 600
     xdotool windowfocus "$window"
-    expectNothingElse "clicks in the background"
+    expect_nothing_else "clicks in the background"
 }
 
-testButtons() {
+test_buttons()
+{
     xdotool key Right Up Down space BackSpace
     expect "buttons" "press 27" "release 27" "press 26" "release 26" "press 28" "release 28" \
         "press 20" "release 20" "press 08" "release 08"
     xdotool key a Tab Print F5 shift XF86AudioMute ctrl+space super+Left alt+Escape ctrl+F11
-    expectNothingElse "other keys and chords"
+    expect_nothing_else "other keys and chords"
 
     xdotool keydown Return sleep 1 keyup Return
     expect "a held key" "press 0D" "release 0D"
     xdotool keydown Return
     expect "press before the keyboard goes" "press 0D"
-    xdotool windowfocus $noWindow keyup Return windowfocus "$window"
-    expectNothingElse "release in another window"
+    xdotool windowfocus $no_window keyup Return windowfocus "$window"
+    expect_nothing_else "release in another window"
+    xdotool windowfocus $no_window keydown space windowfocus "$window" keyup space
+    expect_nothing_else "a key that came along from another window"
+    xdotool key space
+    expect "the same key afterwards" "press 20" "release 20"
 }
 
-testFullScreen() { # chord, geometry in full screen, geometry of the window
-    local place
+# test_full_screen CHORD
+test_full_screen()
+{
     xdotool key "$1"
-    await "full screen by $1" hasGeometry "WIDTH=1280 HEIGHT=1024"
-    expectColours "picture in full screen" "000000 FFFFFF 000000 000000" 279,500 280,32 0,0 1279,1023
+    wait_for "full screen by $1" has_geometry "WIDTH=1280 HEIGHT=1024"
+    expect_colours "picture in full screen" "000000 FFFFFF 000000 000000" 279,500 280,32 0,0 1279,1023
     click 279 500
     click 280 32
     expect "clicks in full screen and its bars" "down 0 0" "up 0 0"
     xdotool key "$1"
-    await "window size after full screen by $1" hasGeometry "WIDTH=720 HEIGHT=960"
-    await "keyboard after full screen" hasFocus
-    expectNothingElse "keys that belong to full screen"
+    wait_for "window size after full screen by $1" has_geometry "WIDTH=720 HEIGHT=960"
+    wait_for "keyboard after full screen" has_focus
+    expect_nothing_else "keys that belong to full screen"
 }
 
-testBackground() {
-    xdotool windowfocus $noWindow windowunmap "$window" windowmap "$window" windowfocus $noWindow
-    expectColours "picture uncovered in the background" "FFFFFF 000000" 310,62 279,500
+test_background()
+{
+    xdotool windowfocus $no_window windowunmap "$window" windowmap "$window" windowfocus $no_window
+    expect_colours "picture uncovered in the background" "FFFFFF 000000" 310,62 279,500
     local before start
     start=${EPOCHREALTIME/./}
-    before=$(wakeUps)
+    before=$(wake_ups)
     sleep 2
-    local woken=$(($(wakeUps) - before)) most=$(((${EPOCHREALTIME/./} - start) / 100000 + 2))
+    local woken=$(($(wake_ups) - before)) most=$(((${EPOCHREALTIME/./} - start) / 100000 + 2))
     [ $woken -le $most ] || fail "in the background: $woken wake-ups, at most $most expected"
     xdotool windowfocus "$window"
-    expectNothingElse "return to the foreground"
+    expect_nothing_else "return to the foreground"
 }
 
-testOldKey() {
-    stopDemo
+test_old_key()
+{
+    stop_demo
     xdotool keydown Return
-    startDemo
+    start_demo
     sleep 1.5 # The server's repetitions of the key begin after 0.66 s.
     xdotool keyup Return
-    expectNothingElse "a key that was down at the start"
+    expect_nothing_else "a key that was down at the start"
     xdotool key Return
     expect "the same key later" "press 0D" "release 0D"
 }
 
-testEnds() {
+test_ends()
+{
     local signal # SIGINT is ignored in what a script starts in the background, until the program catches it.
     for signal in INT TERM; do
-        kill -$signal $demo
-        awaitEnd "after SIG$signal"
+        kill -$signal "$demo"
+        await_end "after SIG$signal"
         equal "exit code after SIG$signal" 0 "$result"
         equal "log's last line after SIG$signal" "Main loop stopped" "$(tail -1 log.txt)"
-        startDemo
+        start_demo
     done
-    xdotool windowfocus $noWindow
-    kill -INT $demo
-    awaitEnd "after SIGINT in the background"
+    xdotool windowfocus $no_window
+    kill -INT "$demo"
+    await_end "after SIGINT in the background"
     equal "exit code after SIGINT in the background" 0 "$result"
 
-    startDemo
-    kill -KILL $demo
-    wait $demo 2>/dev/null
-    exec 4<&-
-    startDemo
+    start_demo
+    kill -KILL "$demo"
+    await_end "after SIGKILL"
+    start_demo
 }
 
 # In a folder that an ordinary path could not name.
-testPaths() {
+test_paths()
+{
     local place
-    place="$folder/$(printf 'a b \xc3\xbc \xff')/$(printf 'x%.0s' {1..200})/$(printf 'y%.0s' {1..200})"
+    place="$work/$(printf 'a b \xc3\xbc \xff')/$(printf 'x%.0s' {1..200})/$(printf 'y%.0s' {1..200})"
     mkdir -p "$place"
     cp -r "$programs/desktop_demo" "$programs/demo" "$place"
-    stopDemo
-    startDemo "$place/desktop_demo"
-    equal "messages when started from a strange folder" "" "$(cat errors)"
+    stop_demo
+    start_demo "$place/desktop_demo"
+    equal "messages when started from a strange folder" "" "$(cat "$work/errors")"
 }
 
-# The device starts with silence, which 8-bit samples write as 128.
-withoutSilence() { tr -d '\200' | head -c 2000; }
-wasPlayed() { cmp -s <(withoutSilence <played) <(tail -c +45 "$programs/demo/sound.wav" | withoutSilence); }
+# Silence is 128 in 8-bit samples; the device starts with some.
+without_silence() { tr -d '\200' | head -c 2000; }
+was_played() { cmp -s <(without_silence < played) <(tail -c +45 "$programs/demo/sound.wav" | without_silence); }
 
 # The driver writes what is played to a file.
-testSound() {
-    stopDemo
-    SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$folder/played" startDemo
+test_sound()
+{
+    stop_demo
+    SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$work/played" start_demo
     xdotool key BackSpace
     expect "sound key" "press 08" "release 08"
-    await "the sound" wasPlayed
-    stopDemo
-    SDL_AUDIODRIVER=none startDemo
+    wait_for "the sound" was_played
+    stop_demo
+    SDL_AUDIODRIVER=none start_demo
     xdotool key BackSpace
     expect "sound key without a sound device" "press 08" "release 08"
     xdotool keydown Escape
     expect "Escape" "press 1B"
-    awaitEnd "after Escape"
+    await_end "after Escape"
     xdotool keyup Escape
     equal "exit code without a sound device" 0 "$result"
-    equal "messages without a sound device" "" "$(cat errors)"
+    equal "messages without a sound device" "" "$(cat "$work/errors")"
 }
 
-testWindowManager() {
-    openbox >/dev/null 2>&1 &
-    await "the window manager" hasWindowManager
-    startDemo
-    await "keyboard at the start" hasFocus
-    testFullScreen F11
-    testFullScreen alt+Return
+test_window_manager()
+{
+    openbox > /dev/null 2>&1 &
+    wait_for "the window manager" has_window_manager
+    start_demo
+    wait_for "keyboard at the start" has_focus
+    test_full_screen F11
+    test_full_screen alt+Return
 
     xdotool windowminimize "$window"
-    await "minimised window without keyboard" hasNoFocus
-    "$programs/desktop_demo" >second 2>&1
-    equal "exit code of a second copy" 0 $?
+    wait_for "minimised window without keyboard" has_no_focus
+    "$programs/desktop_demo" > second 2>&1 || fail "a second copy ended with exit code $?"
     equal "output of a second copy" "" "$(cat second)"
-    await "keyboard for the first copy" hasFocus
+    wait_for "keyboard for the first copy" has_focus
     xdotool key alt+F4
-    awaitEnd "after the close button"
+    await_end "after the close button"
     equal "exit code after the close button" 0 "$result"
 }
 
-needTools import convert openbox xprop
-startServer
-testPicture
-testStylus
-testButtons
-testFullScreen F11
-testFullScreen alt+Return
-testBackground
-testOldKey
-testEnds
-testPaths
-testSound
-testWindowManager
+# What belongs to a display that is gone cannot be freed any more.
+test_end_of_session()
+{
+    ASAN_OPTIONS=${ASAN_OPTIONS:-}:detect_leaks=0 start_demo
+    kill "$(jobs -p | head -1)" # the X server
+    await_end "without its display"
+    equal "exit code without a display" 0 "$result"
+    equal "log's last line without a display" "Main loop stopped" "$(tail -1 log.txt)"
+}
+
+start_display
+cd "$work"
+test_picture
+test_stylus
+test_buttons
+test_full_screen F11
+test_full_screen alt+Return
+test_background
+test_old_key
+test_ends
+test_paths
+test_sound
+test_window_manager
+test_end_of_session

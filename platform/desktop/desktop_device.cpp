@@ -3,6 +3,7 @@
 #include <chrono>
 #include <thread>
 
+#include "platform/desktop/display_connection.h"
 #include "platform/desktop/program_folder.h"
 #include "platform/desktop/termination.h"
 
@@ -44,6 +45,10 @@ void DesktopDevice::pump()
     if (!window.exists())
         return;
     SDL_PumpEvents();
+    if (isDisplayLost()) {
+        endSession();
+        return;
+    }
     SDL_Event event;
     while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0)
         events.handle(event);
@@ -53,6 +58,13 @@ void DesktopDevice::pump()
         window.raise();
     if (events.takePictureLost())
         repairPicture();
+}
+
+void DesktopDevice::endSession()
+{
+    displayOpen = false;
+    window.abandon();
+    messages.post(WM_QUERYENDSESSION);
 }
 
 void DesktopDevice::repairPicture()

@@ -52,6 +52,7 @@ private:
     DesktopDevice();
 
     void pump();
+    void endSession();
     void repairPicture();
 
     SampledClock clock;

@@ -121,7 +121,8 @@ void EventHandler::leaveForeground()
 
 void EventHandler::handleKeyPress(const SDL_KeyboardEvent &event)
 {
-    if (event.repeat != 0 || heldKeys.lastPressIsOld())
+    // Without a window manager the pointer alone can direct keys to a window in the background.
+    if (!foreground || event.repeat != 0 || heldKeys.lastPressIsOld())
         return;
     if (togglesFullScreen(event.keysym))
         window.toggleFullScreen();

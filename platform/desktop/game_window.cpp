@@ -7,6 +7,7 @@
 #include <SDL.h>
 
 #include "platform/common/picture.h"
+#include "platform/desktop/display_connection.h"
 #include "platform/desktop/graphics_probe.h"
 #include "platform/desktop/surface_presenter.h"
 #include "platform/desktop/texture_presenter.h"
@@ -62,6 +63,8 @@ Size comfortableSize()
 
 GameWindow::~GameWindow()
 {
+    if (isDisplayLost())
+        abandon();
     presenter_.reset();
     window.reset();
     if (videoRuns)
@@ -82,10 +85,18 @@ bool GameWindow::create(const char *title, const std::string &iconFile)
                                   size.height, flags));
     if (!window)
         return false;
+    surviveLossOfDisplay(window.get());
     SDL_SetWindowMinimumSize(window.get(), kScreenSize.width, kScreenSize.height);
     setIcon(iconFile);
     makePresenter(graphicsProcessor);
     return true;
+}
+
+void GameWindow::abandon()
+{
+    static_cast<void>(presenter_.release());
+    static_cast<void>(window.release());
+    videoRuns = false;
 }
 
 void GameWindow::setIcon(const std::string &file)

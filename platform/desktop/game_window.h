@@ -28,6 +28,8 @@ public:
     bool create(const char *title, const std::string &iconFile);
 
     bool exists() const { return window != nullptr; }
+    /// Forgets the window, whose display has gone: nothing of it could be destroyed any more.
+    void abandon();
     /// Null until the window exists.
     Presenter *presenter() const { return presenter_.get(); }
 

@@ -30,6 +30,8 @@ struct ScreenLayout {
     int scale; ///< Pixels in each direction for one pixel of the screen.
     int left;  ///< Negative, like `top`, in a window that is smaller than the screen.
     int top;
+
+    bool operator==(const ScreenLayout &) const = default;
 };
 
 /// The largest whole multiple that fits, at least 1, in the middle of the window.

@@ -3,6 +3,8 @@
 #include <system_error>
 #include <utility>
 
+#include <SDL_thread.h>
+
 #include "platform/desktop/audio_output.h"
 
 namespace platform
@@ -65,6 +67,7 @@ void SoundPlayer::run(const std::shared_ptr<Shared> &shared)
     }
     lock.unlock();
     output.close();
+    SDL_TLSCleanup(); // What SDL keeps for a thread that it did not start.
     lock.lock();
     shared->ended = true;
     shared->changed.notify_all();

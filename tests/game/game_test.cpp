@@ -1,6 +1,7 @@
 #include "tests/game/game_test.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "game/events.h"
 #include "shell/startup.h"
@@ -10,7 +11,7 @@ namespace mygame::tests
 namespace
 {
 
-constexpr std::uint32_t kFirstTick = 1000000;
+constexpr std::uint32_t kMsBetweenTests = 1000000;
 
 /// Writes down what is delivered, as the last listener.
 class Story final : public EventListener
@@ -36,23 +37,21 @@ private:
         constexpr const char *kNames[] = {"",    "new",       "resume", "pause",    "tick", "spawned",
                                           "",    "destroyed", "fire",   "launched", "",     "detonated",
                                           "hit", "finished",  "ended",  "wave",     "nuke", "flash"};
-        std::string text = kNames[event.type];
+        const std::string name = kNames[event.type];
         if (event.type == kAsteroidDestroyed)
-            text += ' ' + std::to_string(static_cast<const AsteroidDestroyedEvent &>(event).id);
+            return name + ' ' + std::to_string(static_cast<const AsteroidDestroyedEvent &>(event).id);
         if (event.type == kMissileDetonated)
-            text += ' ' + std::to_string(static_cast<const MissileDetonatedEvent &>(event).id);
-        if (const auto *fire = event.type == kFire ? static_cast<const FireEvent *>(&event) : nullptr)
-            text += ' ' + std::to_string(fire->x) + ' ' + std::to_string(fire->y);
-        return text;
+            return name + ' ' + std::to_string(static_cast<const MissileDetonatedEvent &>(event).id);
+        return name;
     }
 };
 
 platform::VirtualDevice &freshDevice()
 {
-    static std::uint32_t tick = 0;
-    platform::VirtualDevice::reset();
     platform::VirtualDevice &device = platform::VirtualDevice::instance();
-    device.switchOn(tick += kFirstTick);
+    const std::uint32_t tick = device.tick() + kMsBetweenTests;
+    platform::VirtualDevice::reset();
+    device.switchOn(tick);
     device.dataFolder = DATA_FOLDER;
     device.hiddenFiles = {u"bg.jpg", u"game_over.jpg", u"menu.jpg", u"shop.png"};
     return device;
@@ -89,13 +88,13 @@ Surface pictureOf(Screen &screen)
 
 std::string difference(const Surface &actual, const Surface &expected)
 {
-    for (std::int32_t i = 0; i < expected.pixelCount(); ++i) {
-        if (actual.pixels()[i] != expected.pixels()[i])
-            return "(" + std::to_string(i % expected.width()) + ", " + std::to_string(i / expected.width()) +
-                   ") is " + std::to_string(actual.pixels()[i]) + ", expected " +
-                   std::to_string(expected.pixels()[i]);
-    }
-    return "";
+    const Pixel *end = actual.pixels() + actual.pixelCount();
+    const auto [pixel, wanted] = std::mismatch(actual.pixels(), end, expected.pixels());
+    if (pixel == end)
+        return "";
+    const auto i = pixel - actual.pixels();
+    return "(" + std::to_string(i % 240) + ", " + std::to_string(i / 240) + ") is " + std::to_string(*pixel) +
+           ", expected " + std::to_string(*wanted);
 }
 
 GameTest::GameTest()
@@ -128,33 +127,6 @@ std::string GameTest::frame(std::uint32_t afterMs)
     device.advance(afterMs);
     application.update(device.tick());
     return std::exchange(story().text, "");
-}
-
-void GameTest::tap(std::uint16_t x, std::uint16_t y)
-{
-    application.pointerDown(x, y);
-    application.pointerUp(x, y);
-}
-
-void GameTest::choose(int row, int rows)
-{
-    tap(120, static_cast<std::uint16_t>(160 - 15 * rows + 30 * row));
-    frame(300);
-}
-
-void GameTest::hang(std::int32_t id, std::int32_t x, std::int32_t y)
-{
-    state.asteroids[id] = {{}, id, x, y, x, y, device.tick(), 1000, x, y};
-}
-
-void GameTest::aim(std::int32_t id, std::int32_t x, std::int32_t y)
-{
-    state.missiles[id] = {x, y, x, y, device.tick(), 1000, x, y, nullptr, id};
-}
-
-bool GameTest::isCurrent(const char *screen) const
-{
-    return application.currentScreen() == application.findScreen(screen);
 }
 
 } // namespace mygame::tests

@@ -1,6 +1,6 @@
-#include <memory>
+#include <string>
+#include <vector>
 
-#include "graphics/image_loading.h"
 #include "screens/menu_listener.h"
 #include "tests/game/game_test.h"
 
@@ -85,6 +85,10 @@ TEST_F(MenuWidgetTest, SlidesInAndOut)
     EXPECT_EQ(differs({}, 0, 0, 0), "");
     update(300);
     EXPECT_EQ(chosen.size(), 1u);
+    open(rows);
+    update(300);
+    open(rows);
+    EXPECT_EQ(differs(rows, -60, 240, 60), "") << "anew, from whatever state";
 }
 
 TEST_F(MenuWidgetTest, TakesTapsInItsZoneOnly)

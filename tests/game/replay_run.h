@@ -53,7 +53,7 @@ public:
     Outcome replay(const std::string &arguments) const
     {
         const std::string command =
-            "cd '" + root.string() + "' && '" REPLAY_PROGRAM "' " + arguments + " >stdout 2>stderr";
+            "cd '" + root.string() + "' && " REPLAY_COMMAND " " + arguments + " >stdout 2>stderr";
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read("stdout"), read("stderr")};
     }

@@ -92,6 +92,7 @@ TEST_F(ReplayTool, RefusesWhatItCannotReadOrWrite)
           "script --trace /dev/full", "script --snapshots script"}) {
         const Outcome run = folder.replay(arguments);
         EXPECT_EQ(run.exit, 2) << arguments;
+        EXPECT_TRUE(run.errors.starts_with("replay: ")) << run.errors;
         EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
     }
 }

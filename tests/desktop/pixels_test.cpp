@@ -1,0 +1,61 @@
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/desktop/frame.h"
+#include "platform/desktop/pixel_conversion.h"
+
+namespace platform
+{
+namespace
+{
+
+TEST(Pixels, AreConvertedExactly)
+{
+    for (int pixel = 0; pixel <= 0xFFFF; ++pixel) {
+        const int red = pixel / 2048;
+        const int green = pixel / 32 % 64;
+        const int blue = pixel % 32;
+        const int expected =
+            (red * 8 + red / 4) * 65536 + (green * 4 + green / 16) * 256 + (blue * 8 + blue / 4);
+        ASSERT_EQ(toXrgb8888(static_cast<std::uint16_t>(pixel)),
+                  0xFF000000u + static_cast<unsigned>(expected))
+            << "pixel " << pixel;
+    }
+}
+
+TEST(Pixels, BecomeSquaresAndNothingElseIsWritten)
+{
+    constexpr std::uint32_t kUntouched = 0x12345678;
+    constexpr int kWidth = 5;
+    const std::uint16_t row[kWidth] = {0xFFFF, 0x07E0, 0x0000, 0xF800, 0x001F};
+    for (int scale = 1; scale <= 7; ++scale) {
+        const int pitch = kWidth * scale + 1;
+        std::vector<std::uint32_t> target(static_cast<std::size_t>(pitch * (scale + 1)), kUntouched);
+        convertRow(row, kWidth, scale, reinterpret_cast<std::byte *>(target.data()),
+                   pitch * static_cast<int>(sizeof target[0]));
+        for (int i = 0; i < static_cast<int>(target.size()); ++i) {
+            const int x = i % pitch / scale;
+            const bool inside = x < kWidth && i / pitch < scale;
+            EXPECT_EQ(target[static_cast<std::size_t>(i)], inside ? toXrgb8888(row[x]) : kUntouched)
+                << "element " << i << " at scale " << scale;
+        }
+    }
+}
+
+TEST(Frames, DifferInTheRowsBetweenTheFirstAndTheLastChange)
+{
+    Frame before{};
+    Frame after{};
+    EXPECT_TRUE(differingRows(before, after).empty());
+    after[3 * kScreenSize.width] = 1;
+    after[8 * kScreenSize.width - 1] = 1;
+    EXPECT_EQ(differingRows(before, after).first, 3);
+    EXPECT_EQ(differingRows(before, after).last, 8);
+    before.fill(2);
+    EXPECT_EQ(differingRows(before, after).first, 0);
+    EXPECT_EQ(differingRows(before, after).last, kScreenSize.height);
+}
+
+} // namespace
+} // namespace platform

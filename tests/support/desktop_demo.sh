@@ -1,0 +1,44 @@
+# For scripts that run desktop_demo on a display of their own. To be sourced by bash, with the folder of the
+# programs as the script's argument.
+# shellcheck shell=bash disable=SC2034
+
+. "$(dirname "${BASH_SOURCE[0]}")/display.sh"
+
+programs=$(realpath "${1:-$(dirname "$0")/../build/release/bin}")
+[ -x "$programs/desktop_demo" ] || fail "$programs/desktop_demo is missing: build the project first"
+
+# An X server's answer for "no window", which xdotool can give the keyboard to.
+no_window=1
+patience=20 # seconds
+
+# Starts the program, or the one given, and waits for its first picture. Sets `demo`, its process, `window`,
+# and `picture_ms`, the time that took. What it writes is read from descriptor 4.
+start_demo()
+{
+    local begin=${EPOCHREALTIME/./}
+    [ -p "$work/output" ] || mkfifo "$work/output"
+    "${1:-$programs/desktop_demo}" > "$work/output" 2> "$work/errors" &
+    demo=$!
+    exec 4< "$work/output"
+    read -r -t $patience _ <&4 || fail "no first picture; does another copy run?"
+    picture_ms=$(((${EPOCHREALTIME/./} - begin) / 1000))
+    window=$(xdotool search --pid $demo --name '^MyGame$' | tail -1)
+}
+
+# await_end WHAT: waits for the end of the program and sets `result`, its exit code.
+await_end()
+{
+    local ended
+    result=0
+    read -r -t $patience ended <&4 && fail "$1: the program did not end, but wrote '$ended'"
+    exec 4<&-
+    wait "$demo" 2> /dev/null || result=$?
+}
+
+stop_demo()
+{
+    kill "$demo"
+    await_end "end by a signal"
+}
+
+wake_ups() { awk '/^voluntary_ctxt/ { sum += $2 } END { print sum }' /proc/"$demo"/task/*/status; }

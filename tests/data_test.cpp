@@ -199,20 +199,30 @@ TEST(Data, LeavesNoHolesInSolidThings)
     }
 }
 
+/// How much light moves between two frames, seen in blocks of pixels so that grain does not count.
+int change(const Surface &from, const Surface &to)
+{
+    constexpr std::int32_t kBlock = 4;
+    int sum = 0;
+    for (std::int32_t y = 0; y < from.height(); y += kBlock) {
+        for (std::int32_t x = 0; x < from.width(); x += kBlock)
+            sum +=
+                std::abs(average({x, y, x + kBlock - 1, y + kBlock - 1}, [&](std::int32_t i, std::int32_t j) {
+                    return brightness(from.pixelAt(i, j)) - brightness(to.pixelAt(i, j));
+                }));
+    }
+    return sum;
+}
+
 TEST(Data, TumblesRocksWithoutAJump)
 {
     for (const std::string &file : kRocks) {
         const std::vector<Surface> frames = framesOf(file);
         ASSERT_GE(frames.size(), 12u) << file;
-        std::vector<int> steps;
-        for (std::size_t i = 0; i < frames.size(); ++i) {
-            const Surface &next = frames[(i + 1) % frames.size()];
-            steps.push_back(0);
-            visitPixels(frames[i], [&](std::int32_t x, std::int32_t y, Pixel pixel) {
-                steps.back() += distance(pixel, next.pixelAt(x, y));
-            });
-        }
-        EXPECT_LT(*std::ranges::max_element(steps), *std::ranges::min_element(steps) * 2) << file;
+        int largest = 0;
+        for (std::size_t i = 1; i < frames.size(); ++i)
+            largest = std::max(largest, change(frames[i - 1], frames[i]));
+        EXPECT_LE(change(frames.back(), frames.front()), largest * 5 / 4) << file;
     }
 }
 
@@ -245,8 +255,8 @@ TEST(Data, FillsTheBlastRadiusAndClears)
 TEST(Data, FitsTheTexts)
 {
     const BitmapFont &font = program().state().font, &bigFont = program().state().bigFont;
-    EXPECT_EQ(glyphRuns(pictureOf("font.png")), 91);
-    EXPECT_EQ(glyphRuns(pictureOf("font_big.png")), 53);
+    ASSERT_EQ(glyphRuns(pictureOf("font.png")), 91);
+    ASSERT_EQ(glyphRuns(pictureOf("font_big.png")), 53);
     EXPECT_LE(font.glyph(u'A')->height(), 10);
     EXPECT_TRUE(bigFont.glyph(u'A')->height() >= 18 && bigFont.glyph(u'A')->height() <= 20);
     for (const char16_t digit : std::u16string_view(u"123456789"))

@@ -9,13 +9,18 @@ mkdir -p "$build" "$data"
 
 missing=
 for package in g++ povray povray-includes libpng-dev libjpeg-dev; do
-    dpkg -s "$package" >/dev/null 2>&1 || missing="$missing $package"
+    [ "$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null)" = "install ok installed" ] ||
+        missing="$missing $package"
 done
 if [ -n "$missing" ]; then
+    if ! command -v apt-get >/dev/null; then
+        echo "art/make.sh: this needs Debian's packages$missing" >&2
+        exit 1
+    fi
     if [ "$(id -u)" = 0 ]; then
-        apt-get install -y $missing
+        apt-get install -y --no-install-recommends $missing
     elif command -v sudo >/dev/null; then
-        sudo apt-get install -y $missing
+        sudo apt-get install -y --no-install-recommends $missing
     else
         echo "art/make.sh: these packages are missing, install them as root:$missing" >&2
         exit 1
@@ -27,13 +32,15 @@ for program in earthmap rocks explosion pack; do
 done
 
 cd "$build"
+rm -f asteroid*-*.png explosion*.png
+
 # render SCENE OUT WIDTH HEIGHT [OPTION...]
 render()
 {
     scene=$1 out=$2 width=$3 height=$4
     shift 4
-    if ! povray -D -GD -GR -GS -A +UA +FN +L"$here" +L. +I"$here/$scene.pov" +O"$out" +W"$width" +H"$height" "$@" \
-        >"$out.log" 2>&1; then
+    if ! povray -D -GD -GR -GS -A +UA +FN +L"$here" +L. +I"$here/$scene.pov" \
+        +O"$out" +W"$width" +H"$height" "$@" >"$out.log" 2>&1; then
         grep -a -i -A 3 error "$out.log" >&2 || true
         echo "art/make.sh: rendering $scene failed" >&2
         exit 1
@@ -48,21 +55,21 @@ echo "scenes"
 for scene in bg menu game_over; do
     render "$scene" "$scene.png" 960 1280
 done
-./pack scene "$data/bg.jpg" 7 190 0.8 bg.png
-./pack scene "$data/menu.jpg" 21 260 1.1 menu.png
+./pack scene "$data/bg.jpg" 8 190 0.7 bg.png
+./pack scene "$data/menu.jpg" 9 260 1.1 menu.png
 ./pack scene "$data/game_over.jpg" 42 220 0.9 game_over.png
 
 echo "asteroids"
 for kind in 1 2 3 4; do
-    render asteroid "asteroid$kind-.png" 320 320 Declare=Kind=$kind +KFI1 +KFF16 +KC
+    render asteroid "asteroid$kind-.png" 320 320 Declare=Kind=$kind +KFI1 +KFF24 +KC
     suffix=$kind
     [ "$kind" != 1 ] || suffix=
     ./pack strip "$data/asteroid$suffix.png" 32 32 0.35 asteroid"$kind"-[0-9]*.png
 done
 
 echo "satellite, missile, blast"
-render satellite satellite.png 360 288
-./pack picture "$data/satellite.png" 30 24 0.35 satellite.png
+render satellite satellite.png 360 312
+./pack picture "$data/satellite.png" 30 26 0.35 satellite.png
 render missile missile.png 192 192
 ./pack strip "$data/missile.png" 12 12 0.25 missile.png
 ./explosion .

@@ -1,4 +1,5 @@
 // The title: a great rock hangs over the Earth, smaller ones are on their way, the satellite keeps watch.
+#include "functions.inc"
 #include "common.inc"
 #include "earth.inc"
 #include "satellite.inc"
@@ -8,18 +9,53 @@ Flat(240, 320)
 #declare Sun = vnormalize(<-0.86, 0.40, -0.30>);
 SunFrom(Sun)
 Sunlight(Sun, 1.6)
-Bounce(0.35)
-Edge(srgb <0.45, 0.66, 0.95>, 0.12)
+Bounce(0.7)
+Edge(srgb <0.45, 0.66, 0.95>, 0.45)
 
 object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
 
 #macro FallingRock(File, Colour, Dust, Spin, Size, Place)
   #include File
-  object { Rock RockTexture(Colour, Dust) rotate Spin scale Size translate Place }
+  object { Rock RockTexture(Colour, Dust, 0.35) rotate Spin scale Size translate Place }
 #end
-FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <20, 200, 30>, 52, At(186, 44, 0))
-FallingRock("rock4.inc", RockOchre, srgb <0.90, 0.76, 0.50>, <50, 20, 10>, 15, At(96, 66, -50))
-FallingRock("rock3.inc", RockSlate, srgb <0.72, 0.78, 0.86>, <10, 120, 70>, 9, At(60, 36, -50))
-FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 10, At(208, 206, -50))
+FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 95, 20>, 54, At(188, 46, 0))
+FallingRock("rock4.inc", RockOchre, srgb <0.90, 0.76, 0.50>, <50, 20, 10>, 15, At(100, 62, -50))
+FallingRock("rock3.inc", RockSlate, srgb <0.72, 0.78, 0.86>, <10, 120, 70>, 9, At(58, 30, -50))
+FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At(30, 78, -50))
 
-object { Satellite rotate y * 28 rotate x * -28 rotate z * 16 scale 2.5 translate At(58, 258, -300) }
+#declare Chance = seed(5);
+#for (I, 1, 16)
+  object { Rock RockTexture(RockBrown, srgb <0.78, 0.72, 0.64>, 0.3)
+    rotate 360 * <rand(Chance), rand(Chance), 0>
+    scale 0.8 + 1.9 * pow(rand(Chance), 2)
+    translate At(112 + 120 * rand(Chance), 6 + 100 * rand(Chance), -90 * (I > 8)) }
+#end
+
+// A rock that has reached the air: a white head and a tail of fire, in a plane of its own along x.
+#macro Meteor(Length, Width, Angle, Place)
+  box { <-0.25, -1, 0>, <1, 1, 0.001>
+    pigment {
+      function {
+        min(1, 1.15 * pow(max(0, 1 - max(0, x)), 1.7)
+          * exp(-1.6 * pow(y / (0.16 + 0.55 * pow(max(0, x), 0.7)
+                                + 0.10 * (f_noise3d(x * 9, y * 2, 3) - 0.5)), 2))
+          * exp(-pow(min(0, x) / 0.06, 2)))
+      }
+      color_map {
+        [0.00 srgb <0.35, 0.10, 0.06> transmit 1]
+        [0.12 srgb <0.55, 0.16, 0.08> transmit 0.85]
+        [0.35 srgb <0.85, 0.28, 0.12> transmit 0.45]
+        [0.60 srgb <1.00, 0.60, 0.18> transmit 0.15]
+        [0.82 srgb <1.00, 0.89, 0.48> transmit 0]
+        [1.00 srgb <1.00, 0.99, 0.94> transmit 0]
+      }
+    }
+    finish { emission 1.1 diffuse 0 ambient 0 } no_shadow
+    scale <Length, Width, 1> rotate z * Angle translate Place
+  }
+#end
+Meteor(62, 8.5, 60, At(192, 248, -400))
+Meteor(26, 3.6, 64, At(226, 262, -400))
+Meteor(17, 2.4, 57, At(158, 236, -400))
+
+object { Satellite rotate y * 30 rotate x * -20 rotate z * 20 scale 3.0 translate At(60, 266, -300) }

@@ -1,23 +1,22 @@
-// Makes the game's pictures from the renderings: reduces them in linear light, puts the night sky behind the scenes,
-// fits everything to the 16-bit screen and cuts the keyed pictures clean.
-#include "picture.h"
-
+// Makes the game's pictures from the renderings: reduces them in linear light, puts the night sky behind the
+// scenes, fits everything to the 16-bit screen and cuts the keyed pictures clean.
+#include <cstdio>
 #include <cstring>
 
 #include <jpeglib.h>
+
+#include "picture.h"
 
 using namespace art;
 
 namespace
 {
 
-struct Rgb
-{
+struct Rgb {
     std::uint8_t r = 0, g = 0, b = 0;
 };
 
-struct Sheet
-{
+struct Sheet {
     int width = 0, height = 0;
     std::vector<Rgb> pixels;
 
@@ -33,13 +32,11 @@ Picture reduced(const Picture &large, int width, int height)
         fail("a rendering is not a whole multiple of its picture");
     Picture small(width, height);
     for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-        {
+        for (int x = 0; x < width; ++x) {
             Vec sum;
             double cover = 0;
             for (int j = 0; j < ky; ++j)
-                for (int i = 0; i < kx; ++i)
-                {
+                for (int i = 0; i < kx; ++i) {
                     const Pixel &p = large.at(x * kx + i, y * ky + j);
                     sum = sum + p.colour * p.alpha;
                     cover += p.alpha;
@@ -54,13 +51,11 @@ void sharpen(Picture &picture, double strength)
 {
     const Picture before = picture;
     for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x)
-        {
+        for (int x = 0; x < picture.width; ++x) {
             Vec sum;
             double weight = 0;
             for (int j = std::max(0, y - 1); j <= std::min(picture.height - 1, y + 1); ++j)
-                for (int i = std::max(0, x - 1); i <= std::min(picture.width - 1, x + 1); ++i)
-                {
+                for (int i = std::max(0, x - 1); i <= std::min(picture.width - 1, x + 1); ++i) {
                     const double w = before.at(i, j).alpha;
                     sum = sum + before.at(i, j).colour * w;
                     weight += w;
@@ -118,11 +113,11 @@ Sheet emptyStrip(int width, int height, int frames, Rgb key)
     return strip;
 }
 
-void packStrip(const std::string &out, int width, int height, double sharpness, const std::vector<std::string> &in)
+void packStrip(const std::string &out, int width, int height, double sharpness,
+               const std::vector<std::string> &in)
 {
     Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {0, 0, 0});
-    for (std::size_t i = 0; i < in.size(); ++i)
-    {
+    for (std::size_t i = 0; i < in.size(); ++i) {
         Picture frame = reduced(readPng(in[i]), width, height);
         sharpen(frame, sharpness);
         cut(frame, strip, 1, static_cast<int>(i) * (height + 1));
@@ -143,53 +138,58 @@ void packPicture(const std::string &out, int width, int height, double sharpness
 void packBlast(const std::string &out, int width, int height, const std::vector<std::string> &in)
 {
     Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {255, 0, 255});
-    for (std::size_t i = 0; i < in.size(); ++i)
-    {
-        const Picture frame = reduced(readPng(in[i]), width, height);
+    for (std::size_t i = 0; i < in.size(); ++i) {
+        Picture frame = reduced(readPng(in[i]), width, height);
+        sharpen(frame, 0.5);
         for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-            {
+            for (int x = 0; x < width; ++x) {
                 const double step = (kBayer[y & 3][x & 3] + 0.5) / 16;
                 const Pixel &p = frame.at(x, y);
                 if (p.alpha > 0.12 + 0.62 * step)
-                    strip.at(1 + x, static_cast<int>(i) * (height + 1) + y) = screenColour(p.colour, (step - 0.5) * 0.8);
+                    strip.at(1 + x, static_cast<int>(i) * (height + 1) + y) =
+                        screenColour(p.colour, (step - 0.5) * 0.8);
             }
     }
     writeSheet(out, strip);
 }
 
-/// The night sky at a pixel: near black, a breath of indigo and teal.
-Vec skyAt(double x, double y, double nebula)
+/// The night sky at a pixel: near black, a breath of indigo and teal along a slanting band.
+Vec skyAt(double x, double y, double nebula, std::uint32_t seed)
 {
-    Vec c = mix(hex(0x03050C), hex(0x070C1A), clamp01(y / 320));
-    const Vec p{x / 95, y / 95, 4.2};
-    const double band = std::exp(-std::pow((y - 95 - 0.45 * (x - 120) + 30 * noise(p * 0.8)) / 62, 2));
-    const double veil = clamp01(0.5 + 0.8 * fractal(p * 1.6, 5));
-    c = c + (hex(0x1B1F4A) + hex(0x0C0F28)) * (nebula * band * veil * veil);
-    c = c + hex(0x0E3A4A) * (nebula * 0.8 * band * smooth(0.45, 0.95, clamp01(0.5 + 0.8 * fractal(p * 1.3 + Vec{5, 2, 8}, 5))));
-    return c * (1 - 0.45 * band * smooth(0.25, 0.6, ridged(p * 1.7 + Vec{1, 1, 3}, 4)) * nebula * 0.8);
+    const Vec c = mix(hex(0x03050C), hex(0x060A18), clamp01(y / 320));
+    const Vec p{x / 80, y / 80, 4.2 + 5.3 * (seed % 64)};
+    const Vec stir{fractal(p * 1.3, 4), fractal(p * 1.3 + Vec{7, 3, 1}, 4), 0};
+    const Vec q = p + stir * 0.38;
+    const double off = (y - 100 - 0.5 * (x - 120)) / 75 + 0.5 * stir.x;
+    const double band = std::exp(-off * off);
+    const double veil = std::pow(clamp01(0.48 + 0.75 * fractal(q * 1.5, 6)), 2.2);
+    const double lane = smooth(0.42, 0.70, ridged(q * 1.4 + Vec{1, 6, 3}, 5));
+    const double teal = smooth(0.35, 1.0, 0.5 + 0.8 * fractal(q * 1.1 + Vec{5, 2, 8}, 5));
+    const Vec glow = mix(hex(0x2A2C66), hex(0x12505F), teal) * veil + hex(0x141738) * 0.5;
+    return c + glow * (nebula * band * (1 - 0.75 * lane));
 }
 
 void addStars(Picture &sky, std::uint32_t seed, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
+    for (int i = 0; i < count; ++i) {
         const auto n = static_cast<std::uint32_t>(i);
-        const int x = static_cast<int>(chance(seed, n, 1) * sky.width), y = static_cast<int>(chance(seed, n, 2) * sky.height);
-        const double bright = 0.02 + 0.75 * std::pow(chance(seed, n, 3), 7);
+        const int x = static_cast<int>(chance(seed, n, 1) * sky.width),
+                  y = static_cast<int>(chance(seed, n, 2) * sky.height);
+        const double bright = 0.02 + 0.75 * std::pow(chance(seed, n, 3), 8);
         const double warmth = chance(seed, n, 4);
         const Vec tint = warmth < 0.3 ? hex(0xAFC8FF) : warmth > 0.85 ? hex(0xFFD9B0) : hex(0xF0F4FF);
-        const auto add = [&](int px, int py, double k)
-        {
+        const auto add = [&](int px, int py, double k) {
             if (px >= 0 && py >= 0 && px < sky.width && py < sky.height)
                 sky.at(px, py).colour = sky.at(px, py).colour + tint * (bright * k);
         };
         add(x, y, 1);
-        if (bright > 0.34)
+        if (bright > 0.5)
             for (const auto &[dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}})
                 add(x + dx, y + dy, 0.16);
     }
 }
+
+constexpr int kQuality = 96;
 
 void writeJpeg(const std::string &path, const Sheet &sheet, int quality)
 {
@@ -213,8 +213,7 @@ void writeJpeg(const std::string &path, const Sheet &sheet, int quality)
     jpeg.optimize_coding = TRUE;
     jpeg_start_compress(&jpeg, TRUE);
     std::vector<JSAMPLE> row(static_cast<std::size_t>(sheet.width) * 3);
-    for (int y = 0; y < sheet.height; ++y)
-    {
+    for (int y = 0; y < sheet.height; ++y) {
         std::memcpy(row.data(), &sheet.pixels[static_cast<std::size_t>(y) * sheet.width], row.size());
         JSAMPROW rows[] = {row.data()};
         jpeg_write_scanlines(&jpeg, rows, 1);
@@ -224,36 +223,61 @@ void writeJpeg(const std::string &path, const Sheet &sheet, int quality)
     std::fclose(file);
 }
 
-/// A byte that, packed by cutting off its low bits, is right on average: half a step up, and noise of one step.
-std::uint8_t ditheredByte(double linear, int step, double random)
+/// Fits a picture to the screen's 5, 6 and 5 bits. What a pixel loses its neighbours get, so that slow
+/// gradients do not fall into bands; every byte lies in the middle of its step, so that compression does not
+/// push it over the edge.
+Sheet fitted(const Picture &picture)
 {
-    const double v = toSrgb(linear) * 255;
-    return static_cast<std::uint8_t>(std::clamp(std::lround(v + step * random), 0L, 255L));
+    const int w = picture.width;
+    Sheet sheet(w, picture.height, {});
+    std::array<std::vector<double>, 3> owed, next;
+    for (int c = 0; c < 3; ++c)
+        owed[c].assign(static_cast<std::size_t>(w) + 2, 0), next[c] = owed[c];
+    for (int y = 0; y < picture.height; ++y) {
+        const int forward = y % 2 ? -1 : 1;
+        for (int n = 0; n < w; ++n) {
+            const int x = forward > 0 ? n : w - 1 - n;
+            const Vec colour = picture.at(x, y).colour;
+            const double wanted[3] = {toSrgb(colour.x), toSrgb(colour.y), toSrgb(colour.z)};
+            std::uint8_t bytes[3];
+            for (int c = 0; c < 3; ++c) {
+                const int step = c == 1 ? 4 : 8;
+                const double jitter =
+                    0.35 * (chance(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y), 9) - 0.5);
+                const double v = wanted[c] * 255 / step + owed[c][x + 1];
+                const int level =
+                    std::clamp(static_cast<int>(std::floor(v + 0.5 + jitter)), 0, 256 / step - 1);
+                const double error = std::clamp(v - level, -1.0, 1.0);
+                owed[c][x + 1 + forward] += error * 7 / 16;
+                next[c][x + 1 - forward] += error * 3 / 16;
+                next[c][x + 1] += error * 5 / 16;
+                next[c][x + 1 + forward] += error * 1 / 16;
+                bytes[c] = static_cast<std::uint8_t>(level * step + step / 2);
+            }
+            sheet.at(x, y) = {bytes[0], bytes[1], bytes[2]};
+        }
+        for (int c = 0; c < 3; ++c)
+            owed[c].swap(next[c]), next[c].assign(next[c].size(), 0);
+    }
+    return sheet;
 }
 
 void packScene(const std::string &out, std::uint32_t seed, int stars, double nebula, const std::string &in)
 {
     constexpr int kWidth = 240, kHeight = 320;
-    const Picture scene = reduced(readPng(in), kWidth, kHeight);
+    Picture scene = reduced(readPng(in), kWidth, kHeight);
     Picture sky(kWidth, kHeight);
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x)
-            sky.at(x, y).colour = skyAt(x, y, nebula);
+            sky.at(x, y).colour = skyAt(x, y, nebula, seed);
     addStars(sky, seed, stars);
-    Sheet sheet(kWidth, kHeight, {});
+    sharpen(scene, 0.25);
     for (int y = 0; y < kHeight; ++y)
-        for (int x = 0; x < kWidth; ++x)
-        {
-            const Pixel &p = scene.at(x, y);
-            const Vec c = sky.at(x, y).colour * (1 - p.alpha) + p.colour * p.alpha;
-            const auto random = [&](std::uint32_t n)
-            {
-                const double ordered = (kBayer[y & 3][x & 3] + 0.5) / 16;
-                return mix(ordered, chance(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y), n), 0.35);
-            };
-            sheet.at(x, y) = {ditheredByte(c.x, 8, random(1)), ditheredByte(c.y, 4, random(1)), ditheredByte(c.z, 8, random(1))};
+        for (int x = 0; x < kWidth; ++x) {
+            Pixel &p = scene.at(x, y);
+            p.colour = sky.at(x, y).colour * (1 - p.alpha) + p.colour * p.alpha;
         }
-    writeJpeg(out, sheet, 95);
+    writeJpeg(out, fitted(scene), kQuality);
 }
 
 } // namespace
@@ -261,7 +285,9 @@ void packScene(const std::string &out, std::uint32_t seed, int stars, double neb
 int main(int argc, char **argv)
 {
     const std::vector<std::string> a(argv + 1, argv + argc);
-    const auto rest = [&](std::size_t from) { return std::vector<std::string>(a.begin() + static_cast<long>(from), a.end()); };
+    const auto rest = [&](std::size_t from) {
+        return std::vector<std::string>(a.begin() + static_cast<long>(from), a.end());
+    };
     if (a.size() >= 6 && a[0] == "strip")
         packStrip(a[1], std::stoi(a[2]), std::stoi(a[3]), std::stod(a[4]), rest(5));
     else if (a.size() == 6 && a[0] == "picture")

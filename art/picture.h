@@ -15,8 +15,7 @@
 namespace art
 {
 
-struct Vec
-{
+struct Vec {
     double x = 0, y = 0, z = 0;
 };
 
@@ -27,7 +26,10 @@ inline double dot(Vec a, Vec b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 inline double length(Vec a) { return std::sqrt(dot(a, a)); }
 inline Vec unit(Vec a) { return a * (1.0 / std::max(1e-12, length(a))); }
 inline Vec mix(Vec a, Vec b, double t) { return a * (1 - t) + b * t; }
-inline Vec cross(Vec a, Vec b) { return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x}; }
+inline Vec cross(Vec a, Vec b)
+{
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
 
 inline double mix(double a, double b, double t) { return a + (b - a) * t; }
 inline double clamp01(double v) { return std::clamp(v, 0.0, 1.0); }
@@ -49,7 +51,8 @@ inline double toSrgb(double l)
 /// A colour as it is written in a style sheet, in linear light.
 inline Vec hex(std::uint32_t rgb)
 {
-    return {toLinear((rgb >> 16 & 255) / 255.0), toLinear((rgb >> 8 & 255) / 255.0), toLinear((rgb & 255) / 255.0)};
+    return {toLinear((rgb >> 16 & 255) / 255.0), toLinear((rgb >> 8 & 255) / 255.0),
+            toLinear((rgb & 255) / 255.0)};
 }
 
 [[noreturn]] inline void fail(const std::string &why)
@@ -58,14 +61,12 @@ inline Vec hex(std::uint32_t rgb)
     std::exit(1);
 }
 
-struct Pixel
-{
+struct Pixel {
     Vec colour;       // linear light, not multiplied by alpha
     double alpha = 1; // 0 = nothing there
 };
 
-struct Picture
-{
+struct Picture {
     int width = 0, height = 0;
     std::vector<Pixel> pixels;
 
@@ -132,8 +133,7 @@ inline double noise(Vec p)
     const auto iz = static_cast<std::uint32_t>(static_cast<std::int64_t>(fz));
     const Vec f{p.x - fx, p.y - fy, p.z - fz};
     const auto fade = [](double t) { return t * t * t * (t * (t * 6 - 15) + 10); };
-    const auto corner = [&](std::uint32_t dx, std::uint32_t dy, std::uint32_t dz)
-    {
+    const auto corner = [&](std::uint32_t dx, std::uint32_t dy, std::uint32_t dz) {
         const std::uint32_t h = hash(ix + dx, iy + dy, iz + dz);
         const Vec d{f.x - dx, f.y - dy, f.z - dz};
         const double u = (h & 8) ? d.y : d.x;
@@ -149,8 +149,7 @@ inline double noise(Vec p)
 inline double fractal(Vec p, int octaves)
 {
     double sum = 0, strength = 1;
-    for (int i = 0; i < octaves; ++i, strength *= 0.5)
-    {
+    for (int i = 0; i < octaves; ++i, strength *= 0.5) {
         sum += strength * noise(p);
         p = Vec{p.x * 2.03 + 11.3, p.y * 2.03 - 7.1, p.z * 2.03 + 3.7};
     }
@@ -161,8 +160,7 @@ inline double fractal(Vec p, int octaves)
 inline double ridged(Vec p, int octaves)
 {
     double sum = 0, strength = 0.5;
-    for (int i = 0; i < octaves; ++i, strength *= 0.5)
-    {
+    for (int i = 0; i < octaves; ++i, strength *= 0.5) {
         const double crest = 1 - std::fabs(noise(p));
         sum += strength * crest * crest;
         p = Vec{p.x * 2.1 + 5.3, p.y * 2.1 + 1.7, p.z * 2.1 - 9.2};

@@ -5,21 +5,44 @@
 
 #include "graphics/surface.h"
 
+// Built twice where that pays, for every processor and for those with wider registers; which of them runs is
+// found out when the program starts.
+#ifdef __x86_64__
+#define FOR_WIDER_REGISTERS_TOO __attribute__((target_clones("avx2", "default")))
+#else
+#define FOR_WIDER_REGISTERS_TOO
+#endif
+
 namespace mygame
 {
 namespace
 {
 
+/// Blocks from this width on, in pixels, gain more from wider registers than a call takes.
+constexpr std::int32_t kWideBlock = 16;
+
 /// Chooses instead of branching, so that the compiler can handle many pixels at once.
-void copyRowKeyed(Pixel *__restrict target, const Pixel *__restrict source, std::int32_t count, Pixel key)
+inline void copyKeyed(Pixel *__restrict target, std::ptrdiff_t targetWidth, const Pixel *__restrict source,
+                      std::ptrdiff_t sourceWidth, std::int32_t width, std::int32_t height, Pixel key)
 {
-    for (std::int32_t i = 0; i < count; ++i)
-        target[i] = source[i] == key ? target[i] : source[i];
+    for (std::int32_t y = 0; y < height; ++y, target += targetWidth, source += sourceWidth) {
+        for (std::int32_t x = 0; x < width; ++x)
+            target[x] = source[x] == key ? target[x] : source[x];
+    }
 }
 
-void copyRowWhole(Pixel *__restrict target, const Pixel *__restrict source, std::int32_t count)
+FOR_WIDER_REGISTERS_TOO
+void copyWideKeyed(Pixel *__restrict target, std::ptrdiff_t targetWidth, const Pixel *__restrict source,
+                   std::ptrdiff_t sourceWidth, std::int32_t width, std::int32_t height, Pixel key)
 {
-    std::memcpy(target, source, static_cast<std::size_t>(count) * sizeof(Pixel));
+    copyKeyed(target, targetWidth, source, sourceWidth, width, height, key);
+}
+
+void copyWhole(Pixel *target, std::ptrdiff_t targetWidth, const Pixel *source, std::ptrdiff_t sourceWidth,
+               std::int32_t width, std::int32_t height)
+{
+    for (std::int32_t y = 0; y < height; ++y, target += targetWidth, source += sourceWidth)
+        std::memcpy(target, source, static_cast<std::size_t>(width) * sizeof(Pixel));
 }
 
 } // namespace
@@ -70,6 +93,21 @@ void Surface::plotColumn(std::int32_t x, std::int32_t y1, std::int32_t y2, Pixel
         pixels_[x + y * width_] = colour;
 }
 
+/// Inline, since calling it would take a fifth of the time of a glyph.
+inline void Surface::copyBlock(Surface &target, const Block &block) const
+{
+    if (block.h < 1 || block.w < 1)
+        return;
+    const Pixel *source = pixels_ + block.sx + block.sy * width_;
+    Pixel *destination = target.pixels_ + block.dx + block.dy * target.width_;
+    if (!keyEnabled_)
+        copyWhole(destination, target.width_, source, width_, block.w, block.h);
+    else if (block.w < kWideBlock)
+        copyKeyed(destination, target.width_, source, width_, block.w, block.h, colourKey_);
+    else
+        copyWideKeyed(destination, target.width_, source, width_, block.w, block.h, colourKey_);
+}
+
 void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const
 {
     Block block{0, 0, width_, height_, x, y};
@@ -93,22 +131,6 @@ void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const
 void Surface::blitCentredTo(Surface &target, std::int32_t x, std::int32_t y) const
 {
     blitTo(target, x - (width_ >> 1), y - (height_ >> 1));
-}
-
-void Surface::copyBlock(Surface &target, const Block &block) const
-{
-    if (block.h < 1 || block.w < 1)
-        return;
-    const Pixel *source = pixels_ + block.sx + block.sy * width_;
-    Pixel *destination = target.pixels_ + block.dx + block.dy * target.width_;
-    for (std::int32_t row = 0; row < block.h; ++row) {
-        if (keyEnabled_)
-            copyRowKeyed(destination, source, block.w, colourKey_);
-        else
-            copyRowWhole(destination, source, block.w);
-        source += width_;
-        destination += target.width_;
-    }
 }
 
 } // namespace mygame

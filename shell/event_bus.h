@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <list>
 #include <map>
@@ -36,6 +37,9 @@ public:
     /// Delivers and destroys all that is queued, including what listeners post meanwhile. Not to be called by
     /// a listener.
     void dispatchAll();
+
+    /// Events that wait for delivery.
+    std::size_t waiting() const { return queue.size(); }
 
 private:
     void deliver(const Event &event) const;

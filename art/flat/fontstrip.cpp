@@ -3,12 +3,13 @@
 //
 // fontstrip FONT.TXT FONT_BIG.TXT OUTPUT-DIRECTORY
 
-#include "glyphs.h"
-
 #include <algorithm>
 #include <cstdio>
 
-namespace {
+#include "glyphs.h"
+
+namespace
+{
 
 const std::string kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 const std::string kSmallSet = " " + kLetters + "1234567890!?\"'#$%&()[]{}_.,;:<>/*-+\\@|";
@@ -26,15 +27,13 @@ struct Style {
     Colour (*shade)(float y, float light);
 };
 
-Colour shadeSmall(float y, float)
-{
-    return mix(hex("#FFFFFF"), hex("#D6E8F8"), (y - 3) / 4);
-}
+Colour shadeSmall(float y, float) { return mix(hex("#FFFFFF"), hex("#D6E8F8"), (y - 3) / 4); }
 
 Colour shadeBig(float y, float light)
 {
-    Colour c = y < 7 ? mix(hex("#FFFFFF"), hex("#E4F4FF"), y / 7) : mix(hex("#C4E6FA"), hex("#86C8F0"), (y - 7) / 6);
-    return mix(hex("#2C5C94"), c, std::min(1.0f, 0.55f + light * 0.7f));
+    Colour c =
+        y < 7 ? mix(hex("#FFFFFF"), hex("#E4F4FF"), y / 7) : mix(hex("#C4E6FA"), hex("#86C8F0"), (y - 7) / 6);
+    return mix(hex("#2C5C94"), c, std::min(1.0f, 0.62f + light * 0.65f));
 }
 
 Image drawGlyph(const Letter &letter, const Style &style)
@@ -85,10 +84,7 @@ Image makeStrip(const std::string &set, const Alphabet &alphabet, const Style &s
     return strip;
 }
 
-bool same(Colour a, Colour b)
-{
-    return a.r == b.r && a.g == b.g && a.b == b.b;
-}
+bool same(Colour a, Colour b) { return a.r == b.r && a.g == b.g && a.b == b.b; }
 
 /// Widths of the glyphs as the game will cut them from the strip's first row.
 std::vector<int> cutWidths(const Image &strip)
@@ -112,14 +108,22 @@ struct Fit {
 };
 
 constexpr Fit kSmallFits[] = {
-    {"Your scientists will improve your", 186}, {"missiles' propulsion system", 186},
-    {"All the damages will be repaired.", 186}, {"You can detonate nuke and get", 186},
-    {"rid of all enemies and their", 186},      {"you can fire more files at the", 186},
-    {"One more missile slot means", 186},       {"Missile propulsion system", 186},
-    {"Repair structural damages", 186},         {"EARTH HAS BEEN DESTROYED", 236},
-    {"RETURN TO MAIN MENU", 236},               {"You survived for 86400 seconds", 236},
-    {"Asteroids destroyed: 1000", 236},         {"Click here to continue", 236},
-    {"$1000000", 80},                           {"description", 100},
+    {"Your scientists will improve your", 186},
+    {"missiles' propulsion system", 186},
+    {"All the damages will be repaired.", 186},
+    {"You can detonate nuke and get", 186},
+    {"rid of all enemies and their", 186},
+    {"you can fire more files at the", 186},
+    {"One more missile slot means", 186},
+    {"Missile propulsion system", 186},
+    {"Repair structural damages", 186},
+    {"EARTH HAS BEEN DESTROYED", 236},
+    {"RETURN TO MAIN MENU", 236},
+    {"You survived for 86400 seconds", 236},
+    {"Asteroids destroyed: 1000", 236},
+    {"Click here to continue", 236},
+    {"$1000000", 80},
+    {"description", 100},
 };
 
 constexpr Fit kBigFits[] = {

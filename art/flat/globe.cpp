@@ -3,13 +3,14 @@
 //
 // globe OUTPUT.PNG SIZE TURN TILT     TURN around the axis and TILT towards the viewer, in degrees
 
-#include "image.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
-namespace {
+#include "image.h"
+
+namespace
+{
 
 struct Vec {
     float x, y, z;
@@ -22,7 +23,8 @@ Vec unit(Vec a) { return a * (1 / std::sqrt(dot(a, a))); }
 
 float hash(int x, int y, int z)
 {
-    std::uint32_t h = std::uint32_t(x) * 374761393u + std::uint32_t(y) * 668265263u + std::uint32_t(z) * 2147483647u;
+    std::uint32_t h =
+        std::uint32_t(x) * 374761393u + std::uint32_t(y) * 668265263u + std::uint32_t(z) * 2147483647u;
     h = (h ^ (h >> 13)) * 1274126177u;
     return float((h ^ (h >> 16)) & 0xFFFF) / 65535.0f;
 }
@@ -62,9 +64,11 @@ Colour surface(Vec p, Vec n, Vec sun)
     c = mix(c, mix(hex("#4E7A45"), hex("#B09A5A"), dry), land);
     c = mix(c, hex("#F0F6FC"), std::max(ice, cloud * 0.95f));
     const float day = 0.04f + 1.08f * step(-0.08f, 1.05f, dot(n, sun));
-    const float glint = std::pow(std::max(0.0f, dot(n, unit(sun + Vec{0, 0, 1}))), 40.0f) * (1 - land) * (1 - cloud) * 0.5f;
+    const float glint =
+        std::pow(std::max(0.0f, dot(n, unit(sun + Vec{0, 0, 1}))), 40.0f) * (1 - land) * (1 - cloud) * 0.5f;
     const float bounce = 0.05f + 0.04f * std::max(0.0f, -n.y);
-    c = {c.r * (day + bounce * 0.5f) + glint, c.g * (day + bounce) + glint, c.b * (day + bounce * 1.8f) + glint * 0.9f, 1};
+    c = {c.r * (day + bounce * 0.5f) + glint, c.g * (day + bounce) + glint,
+         c.b * (day + bounce * 1.8f) + glint * 0.9f, 1};
     const float rim = std::pow(1 - n.z, 2.6f) * (0.15f + step(-0.3f, 0.6f, dot(n, sun)));
     return mix(c, hex("#7FDCFF"), rim * 0.9f);
 }
@@ -85,8 +89,10 @@ int main(int argc, char **argv)
             if (d > 1)
                 continue;
             const Vec n{u, v, std::sqrt(1 - d)};
-            const Vec t{n.x, n.y * std::cos(tilt) + n.z * std::sin(tilt), n.z * std::cos(tilt) - n.y * std::sin(tilt)};
-            const Vec p{t.x * std::cos(turn) + t.z * std::sin(turn), t.y, t.z * std::cos(turn) - t.x * std::sin(turn)};
+            const Vec t{n.x, n.y * std::cos(tilt) + n.z * std::sin(tilt),
+                        n.z * std::cos(tilt) - n.y * std::sin(tilt)};
+            const Vec p{t.x * std::cos(turn) + t.z * std::sin(turn), t.y,
+                        t.z * std::cos(turn) - t.x * std::sin(turn)};
             Colour c = surface(p, n, sun);
             image.at(x, y) = {std::min(c.r, 1.0f), std::min(c.g, 1.0f), std::min(c.b, 1.0f), 1};
         }

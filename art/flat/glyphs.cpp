@@ -6,7 +6,8 @@
 #include <fstream>
 #include <sstream>
 
-namespace {
+namespace
+{
 
 struct Point {
     float x = 0, y = 0, radius = 0;
@@ -56,7 +57,8 @@ Path rounded(const Path &path, bool closed)
         }
         const Point a = path[(i + n - 1) % n], b = path[(i + 1) % n];
         const float la = std::hypot(a.x - p.x, a.y - p.y), lb = std::hypot(b.x - p.x, b.y - p.y);
-        const float ax = (a.x - p.x) / la, ay = (a.y - p.y) / la, bx = (b.x - p.x) / lb, by = (b.y - p.y) / lb;
+        const float ax = (a.x - p.x) / la, ay = (a.y - p.y) / la, bx = (b.x - p.x) / lb,
+                    by = (b.y - p.y) / lb;
         const float half = std::acos(std::clamp(ax * bx + ay * by, -1.0f, 1.0f)) / 2;
         const float cut = std::min({p.radius / std::tan(half), la / 2 + 0.01f, lb / 2 + 0.01f});
         const float radius = cut * std::tan(half), away = radius / std::sin(half);

@@ -1,11 +1,11 @@
 // Letters as they are drawn, and the strips and pictures they are put into.
 #pragma once
 
-#include "image.h"
-
 #include <map>
 #include <string>
 #include <vector>
+
+#include "image.h"
 
 /// One letter: a mask of ink, 0 to 1, and the light that falls on the ink.
 struct Letter {

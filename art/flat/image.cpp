@@ -4,14 +4,13 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+
 #include <png.h>
 
-namespace {
-
-std::uint8_t byteOf(float value)
+namespace
 {
-    return std::uint8_t(std::lround(std::clamp(value, 0.0f, 1.0f) * 255));
-}
+
+std::uint8_t byteOf(float value) { return std::uint8_t(std::lround(std::clamp(value, 0.0f, 1.0f) * 255)); }
 
 } // namespace
 

@@ -4,12 +4,13 @@
 //
 // The shadow falls one pixel to the right and down, away from the sun.
 
-#include "glyphs.h"
-
 #include <cstdlib>
 #include <cstring>
 
-namespace {
+#include "glyphs.h"
+
+namespace
+{
 
 constexpr int kGap = 2, kSpace = 3;
 

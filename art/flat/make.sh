@@ -51,6 +51,7 @@ lit() {
         rsvg-convert --stylesheet "$layer.css" -w $(($2 * scale)) -h $(($3 * scale)) \
             "$1.svg" -o "layer-$layer.png"
     done
+    # shellcheck disable=SC2086
     ./relief layer-height.png layer-colour.png layer-glow.png "$4" "$scale" ${5:-}
 }
 
@@ -65,9 +66,9 @@ lit cap 60 29 big.png mirror
 ./reduce big.png "$data/menu_right.png" 60 29 key '#FF00FF'
 
 lit nuke 26 24 big.png
-./reduce big.png "$data/nuke.png" 26 24 key '#FF00FF'
+./reduce big.png "$data/nuke.png" 26 24 corner '#FF00FF'
 lit menu 30 30 big.png
-./reduce big.png "$data/menu.png" 30 30 key '#FF00FF'
+./reduce big.png "$data/menu.png" 30 30 corner '#FF00FF'
 
 lit shop 240 320 big.png
 ./reduce big.png "$data/shop.png" 240 320 opaque
@@ -80,7 +81,7 @@ for size in 16 32 48 64 128 256; do
     [ "$size" -gt 16 ] || [ ! -e icon-small.svg ] || drawing=icon-small
     rsvg-convert -w $((size * 4)) -h $((size * 4)) "$drawing.svg" -o big.png
     ./reduce big.png "$data/icon-$size.png" "$size" "$size" alpha
-    icons="$icons $data/icon-$size.png"
+    [ "$size" -eq 128 ] || icons="$icons $data/icon-$size.png"
 done
 # shellcheck disable=SC2086
 convert $icons "$data/icon.ico"

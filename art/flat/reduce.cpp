@@ -2,20 +2,23 @@
 //
 // reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque
 // reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT key #RRGGBB
+// reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT corner #RRGGBB
 // reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT alpha
 //
-// "opaque" and "key" dither to the colours that a 5-6-5 pixel can show, so that
+// All but "alpha" dither to the colours that a 5-6-5 pixel can show, so that
 // cutting off the low bits changes nothing. With "key" a pixel that is less than
-// half covered becomes the key, and no other pixel comes out as the key.
-
-#include "image.h"
+// half covered becomes the key, and no other pixel comes out as the key. "corner"
+// is "key" for a picture whose key is read from its top-left pixel.
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 
-namespace {
+#include "image.h"
+
+namespace
+{
 
 float toLinear(float v) { return std::pow(v, 2.2f); }
 float toScreen(float v) { return std::pow(std::max(v, 0.0f), 1 / 2.2f); }
@@ -51,14 +54,23 @@ float pattern(int x, int y)
     return (value + 0.5f) / 64;
 }
 
-/// The nearest value that `levels` can show, up or down by the pattern; flat colours
-/// that can almost be shown stay flat.
-float dithered(float value, int levels, float threshold)
+/// What a screen shows for a level of 5 or 6 bits, 0 to 255.
+int shown(int level, int bits) { return level << (8 - bits) | level >> (2 * bits - 8); }
+
+/// The value that `bits` can show next below or above, chosen by the pattern so that the mean
+/// survives; a colour that can almost be shown stays flat.
+float dithered(float value, int bits, float threshold)
 {
-    const float exact = std::clamp(value, 0.0f, 1.0f) * levels, near = std::round(exact);
-    const float level = std::fabs(exact - near) < 0.12f ? near : std::floor(exact + threshold);
-    const int shift = levels == 31 ? 3 : 2, bits = int(level);
-    return float(bits << shift | bits >> (8 - 2 * shift)) / 255;
+    const float exact = std::clamp(value, 0.0f, 1.0f) * 255;
+    const int top = (1 << bits) - 1;
+    int level = 0;
+    while (level < top && shown(level + 1, bits) <= exact)
+        ++level;
+    if (level == top)
+        return 1;
+    const float low = float(shown(level, bits)), part = (exact - low) / (shown(level + 1, bits) - low);
+    const bool up = part > 0.88f || (part > 0.12f && part + threshold >= 1);
+    return float(shown(level + up, bits)) / 255;
 }
 
 } // namespace
@@ -66,13 +78,14 @@ float dithered(float value, int levels, float threshold)
 int main(int argc, char **argv)
 {
     if (argc < 6)
-        fail("usage: reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque|alpha|key [#RRGGBB]");
+        fail("usage: reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque|alpha|key|corner [#RRGGBB]");
     const Image source = readPng(argv[1]);
     const int w = std::atoi(argv[3]), h = std::atoi(argv[4]);
     const std::string mode = argv[5];
-    if (w < 1 || h < 1 || (mode == "key") != (argc == 7))
+    const bool keyed = mode == "key" || mode == "corner";
+    if (w < 1 || h < 1 || keyed != (argc == 7) || (!keyed && mode != "opaque" && mode != "alpha"))
         fail("reduce: bad size or mode");
-    const Colour key = mode == "key" ? hex(argv[6]) : Colour{};
+    const Colour key = keyed ? hex(argv[6]) : Colour{};
     const double sx = double(source.width) / w, sy = double(source.height) / h;
     Image result(w, h);
     for (int y = 0; y < h; ++y)
@@ -80,13 +93,16 @@ int main(int argc, char **argv)
             Colour c = average(source, x * sx, y * sy, (x + 1) * sx, (y + 1) * sy);
             if (mode != "alpha") {
                 const float t = pattern(x, y);
-                c = {dithered(c.r, 31, t), dithered(c.g, 63, t), dithered(c.b, 31, t), c.a};
+                c = {dithered(c.r, 5, t), dithered(c.g, 6, t), dithered(c.b, 5, t), c.a};
             }
-            if (mode == "key" && c.a < 0.5f)
+            if (keyed && c.a < 0.5f)
                 c = key;
-            else if (mode == "key" && c.r == key.r && c.g == key.g && c.b == key.b)
+            else if (keyed && c.r == key.r && c.g == key.g && c.b == key.b)
                 c.g += 4 / 255.0f;
             result.at(x, y) = c;
         }
+    const Colour first = result.at(0, 0);
+    if (mode == "corner" && (first.r != key.r || first.g != key.g || first.b != key.b))
+        fail(std::string(argv[2]) + ": the top-left pixel is not free");
     writePng(result, argv[2], mode == "alpha" ? Alpha::Keep : Alpha::Drop);
 }

@@ -7,13 +7,14 @@
 // left; "mirror" turns the drawing around first, so that a mirrored part is lit
 // by the same sun. SCALE is the drawing's pixels for one pixel of the screen.
 
-#include "image.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
-namespace {
+#include "image.h"
+
+namespace
+{
 
 using Field = std::vector<float>;
 
@@ -75,6 +76,47 @@ Light lightOn(float gx, float gy)
     return {0.36f + 1.3f * sun + fill, std::pow(gloss, 24.0f)};
 }
 
+/// The surface's height, drawn and smoothed: a little, so that edges become slopes, and a lot, so that
+/// what lies lower than its surroundings can be told.
+struct Relief {
+    int width, height, scale;
+    Field fine, wide;
+
+    Relief(const Image &drawing, int pixels) : width(drawing.width), height(drawing.height), scale(pixels)
+    {
+        Field raw(drawing.pixels.size());
+        for (std::size_t i = 0; i < raw.size(); ++i)
+            raw[i] = drawing.pixels[i].r * drawing.pixels[i].a;
+        fine = blurred(raw, width, height, std::max(1, scale * 3 / 8));
+        wide = blurred(raw, width, height, scale * 2);
+    }
+    float at(int x, int y) const
+    {
+        return fine[std::size_t(std::clamp(y, 0, height - 1)) * width + std::clamp(x, 0, width - 1)];
+    }
+};
+
+Colour lit(const Relief &relief, int x, int y, Colour c)
+{
+    const float steep = 3.5f * relief.scale;
+    const Light light = lightOn((relief.at(x + 1, y) - relief.at(x - 1, y)) * steep,
+                                (relief.at(x, y + 1) - relief.at(x, y - 1)) * steep);
+    const float depth = relief.wide[std::size_t(y) * relief.width + x] - relief.at(x, y);
+    const float crevice = 1 - std::clamp(depth * 2.2f, 0.0f, 0.6f);
+    const int px = x / relief.scale, py = y / relief.scale;
+    const float brushed = 1 + hash(px, py) * 0.05f + hash(px / 5, py) * 0.07f;
+    const float gain = light.diffuse * crevice * brushed;
+    const float shine = std::max(0.0f, light.shine - 0.12f) * 0.30f * (0.3f + c.g);
+    return {c.r * gain + shine, c.g * gain * 0.995f + shine * 0.96f, c.b * gain * 0.98f + shine * 0.9f, c.a};
+}
+
+Colour over(Colour top, Colour below)
+{
+    const float alpha = top.a + below.a * (1 - top.a);
+    Colour c = alpha > 0 ? mix(below, top, top.a / alpha) : below;
+    return {std::min(c.r, 1.0f), std::min(c.g, 1.0f), std::min(c.b, 1.0f), alpha};
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -87,33 +129,10 @@ int main(int argc, char **argv)
         colours = mirrored(colours);
         glow = mirrored(glow);
     }
-    const int scale = std::atoi(argv[5]), w = heights.width, h = heights.height;
-    Field raw(heights.pixels.size());
-    for (std::size_t i = 0; i < raw.size(); ++i)
-        raw[i] = heights.pixels[i].r * heights.pixels[i].a;
-    const Field fine = blurred(raw, w, h, std::max(1, scale * 3 / 8)), wide = blurred(raw, w, h, scale * 2);
-
-    Image result(w, h);
-    for (int y = 0; y < h; ++y)
-        for (int x = 0; x < w; ++x) {
-            const std::size_t i = std::size_t(y) * w + x;
-            const auto at = [&](int u, int v) {
-                return fine[std::size_t(std::clamp(v, 0, h - 1)) * w + std::clamp(u, 0, w - 1)];
-            };
-            const float steep = 7.0f * scale;
-            const Light light = lightOn((at(x + 1, y) - at(x - 1, y)) / 2 * steep, (at(x, y + 1) - at(x, y - 1)) / 2 * steep);
-            const float crevice = 1 - std::clamp((wide[i] - fine[i]) * 2.2f, 0.0f, 0.6f);
-            const float brushed = 1 + hash(x / scale, y / scale) * 0.05f + hash(x / scale / 5, y / scale) * 0.07f;
-            Colour c = colours.pixels[i];
-            const float gain = light.diffuse * crevice * brushed;
-            const float shine = std::max(0.0f, light.shine - 0.12f) * 0.30f * (0.3f + c.g);
-            c = {c.r * gain + shine, c.g * gain * 0.995f + shine * 0.96f, c.b * gain * 0.98f + shine * 0.9f, c.a};
-            const Colour over = glow.pixels[i];
-            const float a = over.a + c.a * (1 - over.a);
-            if (a > 0)
-                c = mix(c, {over.r, over.g, over.b, 1}, over.a / a);
-            c.a = a;
-            result.pixels[i] = {std::min(c.r, 1.0f), std::min(c.g, 1.0f), std::min(c.b, 1.0f), c.a};
-        }
+    const Relief relief(heights, std::max(1, std::atoi(argv[5])));
+    Image result(heights.width, heights.height);
+    for (int y = 0; y < result.height; ++y)
+        for (int x = 0; x < result.width; ++x)
+            result.at(x, y) = over(glow.at(x, y), lit(relief, x, y, colours.at(x, y)));
     writePng(result, argv[4], Alpha::Keep);
 }

@@ -1,6 +1,7 @@
 #include "platform/desktop/game_window.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include <SDL.h>
@@ -29,12 +30,19 @@ constexpr std::pair<const char *, const char *> kHints[] = {
     {SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"}, // A small picture needs no compositor switched off.
 };
 
+/// Where there is no display SDL falls back to drawing into memory, for nobody to see.
+bool isInvisible(std::string_view driver) { return driver == "offscreen" || driver == "dummy"; }
+
 bool startVideo()
 {
     for (const auto &[name, value] : kHints)
         SDL_SetHint(name, value);
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         return false;
+    if (isInvisible(SDL_GetCurrentVideoDriver())) {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        return false;
+    }
     // No text is typed here: an input method would only swallow keys.
     SDL_StopTextInput();
     // The only place where the keys that are down can be seen.

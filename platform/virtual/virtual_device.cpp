@@ -68,6 +68,8 @@ void VirtualDevice::note(const std::string &call)
 
 bool VirtualDevice::poll(MSG &message)
 {
+    if (onPoll)
+        onPoll();
     carryOutDueActions();
     if (messages.empty()) {
         countIdlePoll();

@@ -60,6 +60,8 @@ public:
 
     /// Called when a frame is presented, before its cost passes.
     std::function<void()> onFrame;
+    /// Called at every poll for messages, before anything that is due.
+    std::function<void()> onPoll;
     /// Called when the clock can never move again: the program has polled `kPollsWithoutEnd` times in a row
     /// without a message and without the clock moving.
     std::function<void()> onStandstill;

@@ -33,6 +33,7 @@ std::string_view screenName(const mygame::Application &application)
 template <class... Functions> struct Overloaded : Functions... {
     using Functions::operator()...;
 };
+template <class... Functions> Overloaded(Functions...) -> Overloaded<Functions...>;
 
 } // namespace
 

@@ -1,0 +1,156 @@
+#include "fuzz/soak_player.h"
+
+#include <iterator>
+
+#include "game/game_state.h"
+#include "shell/application.h"
+
+namespace soak
+{
+namespace
+{
+
+constexpr std::uint32_t kScreenWidth = 240;
+constexpr std::uint32_t kScreenHeight = 320;
+constexpr std::uint32_t kMsPerMinute = 60000;
+constexpr std::uint32_t kMsPerHour = 3600000;
+
+} // namespace
+
+Player::Player(platform::VirtualDevice &device, mygame::Program &program, std::uint32_t seed)
+    : device(device), program(program), random(seed)
+{
+}
+
+std::uint32_t Player::below(std::uint32_t limit) { return static_cast<std::uint32_t>(random()) % limit; }
+
+bool Player::oneIn(int count) { return below(static_cast<std::uint32_t>(count)) == 0; }
+
+bool Player::isCurrent(const std::string &screen) const
+{
+    mygame::Application &application = program.application();
+    return application.currentScreen() == application.findScreen(screen);
+}
+
+int Player::send(std::uint32_t message, std::uint32_t x, std::uint32_t y)
+{
+    device.post(message, 0, y << 16 | x);
+    return 1;
+}
+
+int Player::act()
+{
+    changeDevice();
+    // Never both: a tap may lead to a screen on which a key ends the program.
+    return oneIn(40) ? disturb() : playScreen();
+}
+
+int Player::playScreen()
+{
+    if (isCurrent("MAIN_MENU"))
+        return playMainMenu();
+    if (isCurrent("GAME"))
+        return playGame();
+    if (isCurrent("SHOP"))
+        return playShop();
+    return oneIn(30) ? send(platform::WM_LBUTTONUP, below(kScreenWidth), 300) : 0;
+}
+
+int Player::playMainMenu()
+{
+    if (!oneIn(10))
+        return 0;
+    // The top list ends in "Exit"; the others are shown while there is no game.
+    const mygame::GameState &state = program.state();
+    const bool topList = state.player.health != mygame::Player::kNoGame;
+    const std::uint32_t lastSafeY = topList ? 174 : 204;
+    return send(platform::WM_LBUTTONUP, 61 + below(119), 100 + below(lastSafeY - 100));
+}
+
+int Player::playGame()
+{
+    if (oneIn(150))
+        return send(platform::WM_LBUTTONDOWN, 211 + below(29), 291 + below(29));
+    if (oneIn(50))
+        return send(platform::WM_LBUTTONDOWN, below(33), 297 + below(23));
+    if (oneIn(40))
+        return send(platform::WM_LBUTTONDOWN, 61 + below(119), 130 + below(60));
+    const auto &asteroids = program.state().asteroids;
+    if (asteroids.empty() || !oneIn(4))
+        return oneIn(20) ? tapAnywhere() : 0;
+    const auto &target =
+        std::next(asteroids.begin(), below(static_cast<std::uint32_t>(asteroids.size())))->second;
+    const auto lead = static_cast<std::int32_t>(below(60));
+    return send(platform::WM_LBUTTONDOWN, static_cast<std::uint16_t>(target.x),
+                static_cast<std::uint16_t>(target.y + lead));
+}
+
+int Player::playShop()
+{
+    if (oneIn(60))
+        return send(platform::WM_LBUTTONUP, 170, 290);
+    if (oneIn(3))
+        return send(platform::WM_LBUTTONUP, 60, 290);
+    return send(platform::WM_LBUTTONUP, 28 + below(142), 28 + below(53));
+}
+
+int Player::tapAnywhere()
+{
+    constexpr std::uint32_t kMessages[] = {platform::WM_LBUTTONDOWN, platform::WM_MOUSEMOVE};
+    const bool farAway = oneIn(3);
+    const std::uint32_t width = farAway ? 65536 : kScreenWidth;
+    const std::uint32_t height = farAway ? 65536 : kScreenHeight;
+    return send(kMessages[below(2)], oneIn(10) ? 65535 : below(width), oneIn(10) ? 65535 : below(height));
+}
+
+int Player::disturb()
+{
+    switch (below(4)) {
+    case 0:
+        device.inForeground() ? device.leaveForeground() : device.enterForeground();
+        return 2;
+    case 1:
+        return pressHarmlessKey();
+    case 2:
+        return sendUnknownMessage();
+    default:
+        return isCurrent("MAIN_MENU") ? 0 : tapAnywhere();
+    }
+}
+
+int Player::pressHarmlessKey()
+{
+    const bool endsOnPress = isCurrent("GAME") || isCurrent("GAME_OVER");
+    const bool endsOnRelease = isCurrent("MAIN_MENU");
+    if (endsOnPress)
+        device.post(platform::WM_KEYUP, below(65536), 0);
+    else if (endsOnRelease || oneIn(2))
+        device.post(platform::WM_KEYDOWN, below(65536), 0);
+    else
+        device.post(platform::WM_KEYUP, below(65536), 0);
+    return 1;
+}
+
+int Player::sendUnknownMessage()
+{
+    constexpr std::uint32_t kFirstUnknown = platform::WM_LBUTTONUP + 1;
+    device.post(kFirstUnknown + below(65536), static_cast<std::uint32_t>(random()),
+                static_cast<std::uint32_t>(random()));
+    return 1;
+}
+
+void Player::changeDevice()
+{
+    if (oneIn(300))
+        device.frameBufferOn = !device.frameBufferOn;
+    if (!oneIn(200))
+        return;
+    constexpr std::uint32_t kCosts[] = {0, 1, 7, 16, 16, 16, 16, 33, 100, 1000};
+    device.frameCostMs = kCosts[below(std::size(kCosts))];
+    if (oneIn(20))
+        device.advance(below(kMsPerMinute));
+    if (oneIn(500))
+        device.advance(below(kMsPerHour));
+}
+
+} // namespace soak

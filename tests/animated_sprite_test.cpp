@@ -1,0 +1,137 @@
+#include <climits>
+
+#include "graphics/animated_sprite.h"
+#include "tests/support/device_test.h"
+#include "tests/support/letters.h"
+#include "tests/support/picture_files.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+class AnimatedSpriteTest : public DeviceTest
+{
+protected:
+    AnimatedSprite spriteOf(const std::string &letters, std::int32_t frameTimeMs)
+    {
+        writeFile("strip.png", pngOfLetters(letters));
+        AnimatedSprite sprite;
+        EXPECT_TRUE(sprite.load(u"\\device\\strip.png", frameTimeMs));
+        return sprite;
+    }
+
+    AnimatedSprite spriteOf(int frames, std::int32_t frameTimeMs)
+    {
+        std::string strip;
+        for (int i = 0; i < frames; ++i)
+            strip += "Ma/../";
+        return spriteOf(strip, frameTimeMs);
+    }
+};
+
+std::string framesOf(const AnimatedSprite &sprite)
+{
+    std::string frames;
+    for (std::int32_t i = 0; i < sprite.frameCount(); ++i)
+        frames += lettersOf(sprite.frame(i)) + ' ';
+    return frames;
+}
+
+/// The frames shown at some ticks, with a bar where the sprite has finished.
+std::string playback(AnimatedSprite &sprite, std::initializer_list<std::uint32_t> ticks)
+{
+    std::string shown;
+    for (const std::uint32_t tick : ticks) {
+        sprite.update(tick);
+        shown += sprite.isFinished() ? '|' : static_cast<char>('0' + sprite.currentFrame());
+    }
+    return shown;
+}
+
+TEST_F(AnimatedSpriteTest, CutsFramesAtTheMarksInColumn0)
+{
+    EXPECT_EQ(framesOf(spriteOf("Mab/Mcd/.xx/.xx/Mef/MMM/.xx/Mij/", 1)), "ab/cd/ ef/MM/ ij/ ");
+    EXPECT_EQ(framesOf(spriteOf("Mab/.xx/.xx/", 1)), "ab/ ");
+    EXPECT_EQ(framesOf(spriteOf("M/./M/", 1)), "/ / ");
+    EXPECT_EQ(framesOf(spriteOf("_a/_b/", 1)), "a/b/ ") << "black marks end with the picture, too";
+}
+
+TEST_F(AnimatedSpriteTest, FinishesWhenTheIndexHasWrapped)
+{
+    AnimatedSprite sprite = spriteOf(8, 30);
+    sprite.start(1000, 1);
+    EXPECT_EQ(playback(sprite, {1000, 1029, 1030, 1100, 1210, 1239, 1240, 1300}), "001377||");
+    EXPECT_EQ(sprite.currentFrame(), 0);
+    sprite.start(2000, 2);
+    EXPECT_EQ(playback(sprite, {2239, 2240, 2479, 2480}), "707|");
+}
+
+TEST_F(AnimatedSpriteTest, PlaysOnWhileNoWrapIsSeen)
+{
+    AnimatedSprite sprite = spriteOf(3, 100), single = spriteOf(1, 10), still = spriteOf(3, 0);
+    sprite.start(0, AnimatedSprite::kLoopForEver);
+    EXPECT_EQ(playback(sprite, {0, 100, 200, 300, 599, 600}), "012020");
+    sprite.start(0, 1);
+    EXPECT_EQ(playback(sprite, {200, 500, 800}), "222");
+    single.start(0, 1);
+    EXPECT_EQ(playback(single, {0, 10, 1000}), "000");
+    still.start(0, 1);
+    EXPECT_EQ(playback(still, {0, 100, 1000}), "000");
+}
+
+TEST_F(AnimatedSpriteTest, CountsTicksAcrossTheWrapAsSigned)
+{
+    AnimatedSprite sprite = spriteOf(3, 100);
+    sprite.start(UINT32_MAX - 49, 1);
+    EXPECT_EQ(playback(sprite, {UINT32_MAX - 49, UINT32_MAX, 49, 50, 150, 250}), "00012|");
+    sprite.start(1000, 2);
+    EXPECT_EQ(playback(sprite, {1000, 900, 900}), "00|") << "a tick before the start ends a loop";
+    sprite.start(0, AnimatedSprite::kLoopForEver);
+    EXPECT_EQ(playback(sprite, {INT_MAX, INT_MAX + 1u, 100}), "201");
+}
+
+TEST_F(AnimatedSpriteTest, DrawsTheCurrentFrameWhilePlaying)
+{
+    AnimatedSprite sprite = spriteOf("Mabc/Mdef/Mghi/", 10);
+    Surface target = surfaceOf(".../.../");
+    sprite.draw(target, 0, 0);
+    EXPECT_EQ(lettersOf(target), ".../.../") << "not started";
+    sprite.start(0, AnimatedSprite::kLoopForEver);
+    sprite.setColourKey('e');
+    sprite.drawCentred(target, 1, 0);
+    EXPECT_EQ(lettersOf(target), "d.f/ghi/");
+    sprite.draw(target, 1, 1);
+    EXPECT_EQ(lettersOf(target), "d.f/gab/");
+    sprite.release();
+    sprite.update(10);
+    sprite.drawCentred(target, 0, 0);
+    EXPECT_EQ(lettersOf(target), "d.f/gab/");
+}
+
+TEST_F(AnimatedSpriteTest, SharesFramesButNotTimingWithCopies)
+{
+    AnimatedSprite master = spriteOf("Ma/../Mb/../Mc/", 10);
+    master.start(0, 1);
+    master.update(20);
+    AnimatedSprite copy(master);
+    EXPECT_EQ(copy.currentFrame(), 0);
+    EXPECT_TRUE(copy.isFinished());
+    copy.setColourKey('a');
+    EXPECT_TRUE(master.frame(0).keyEnabled());
+    master = copy;
+    EXPECT_EQ(master.currentFrame(), 0);
+    EXPECT_FALSE(master.load(u"\\device\\missing.png", 10));
+    EXPECT_EQ(framesOf(master), "");
+    copy.start(0, 1);
+    EXPECT_EQ(playback(copy, {20}), "2");
+    const AnimatedSprite &itself = copy;
+    copy = itself;
+    EXPECT_EQ(copy.currentFrame(), 2);
+    master = copy;
+    copy.release();
+    EXPECT_EQ(framesOf(master), "a/ b/ c/ ");
+}
+
+} // namespace
+} // namespace mygame::tests

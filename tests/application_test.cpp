@@ -1,0 +1,244 @@
+#include <functional>
+#include <vector>
+
+#include "shell/application.h"
+#include "tests/support/device_test.h"
+#include "tests/support/picture_files.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+using Calls = std::vector<std::string>;
+
+/// Notes the calls that reach it among the device's.
+class NotingScreen : public Screen
+{
+public:
+    explicit NotingScreen(std::string name) : name(std::move(name)) {}
+
+    void render(Surface &target) override { note("render", target.width(), target.height()); }
+    void update(std::uint32_t now) override { note("update", now); }
+    void keyDown(std::uint16_t key) override { note("keyDown", key); }
+    void keyUp(std::uint16_t key) override { note("keyUp", key); }
+    void pointerMove(std::uint16_t x, std::uint16_t y) override { note("move", x, y); }
+    void pointerUp(std::uint16_t x, std::uint16_t y) override { note("up", x, y); }
+    void pointerDown(std::uint16_t x, std::uint16_t y) override
+    {
+        note("down", x, y);
+        onTouch();
+    }
+    bool activate(Application *to) override
+    {
+        application = to;
+        note("activate");
+        return false;
+    }
+    void deactivate() override { note("deactivate"); }
+
+    std::function<void()> onTouch = [] {};
+    Application *application = nullptr;
+
+private:
+    template <class... Arguments> void note(const char *call, Arguments... arguments) const
+    {
+        platform::VirtualDevice::instance().note(
+            ((name + '.' + call) + ... + (' ' + std::to_string(arguments))));
+    }
+
+    std::string name;
+};
+
+class ApplicationTest : public DeviceTest
+{
+protected:
+    ApplicationTest() { startAt(1000); }
+
+    void startAt(std::uint32_t tick)
+    {
+        device.switchOn(tick);
+        device.frameCostMs = 0;
+        application = std::make_unique<Application>();
+    }
+
+    bool init()
+    {
+        device.recordCalls = true;
+        return application->init(nullptr, 3);
+    }
+
+    void postAfter(std::uint32_t milliseconds, std::uint32_t message)
+    {
+        device.schedule(milliseconds, [this, message] { device.post(message, 0, 0); });
+    }
+
+    /// What a screen sees of a run, a call a line, until a quit message arrives.
+    Calls screenCallsUntil(std::uint32_t milliseconds)
+    {
+        postAfter(milliseconds, platform::WM_QUIT);
+        application->setCurrentScreen(&screen);
+        EXPECT_TRUE(init());
+        device.calls.clear();
+        application->run();
+        std::erase_if(device.calls, [](const std::string &call) { return call[1] != '.'; });
+        return device.calls;
+    }
+
+    std::string logged()
+    {
+        application.reset();
+        return readFile("log.txt");
+    }
+
+    NotingScreen screen{"s"}, other{"t"};
+    std::unique_ptr<Application> application;
+};
+
+TEST_F(ApplicationTest, TakesTheScreenAndGivesItBackStepByStep)
+{
+    EXPECT_TRUE(init());
+    EXPECT_EQ(device.calls,
+              (Calls{"FindWindowW MyClass MyGame", "RegisterClassW MyClass 3",
+                     "CreateWindowExW 0 MyClass MyGame 268435456 0 0 240 320", "SetFullScreen window 42",
+                     "FindWindowW HHTaskbar null", "ShowWindow taskbar 0", "ShowWindow window 3",
+                     "MoveWindow window 0 0 240 320 1", "UpdateWindow window", "GXOpenDisplay window 1",
+                     "GXOpenInput"}));
+    device.calls.clear();
+    application.reset();
+    EXPECT_EQ(device.calls, (Calls{"FindWindowW HHTaskbar null", "ShowWindow taskbar 5",
+                                   "SetFullScreen window 21", "GXCloseDisplay"}));
+}
+
+TEST_F(ApplicationTest, FailsWhenAnotherCopyRunsOrThereIsNoWindow)
+{
+    device.copyRunning = true;
+    EXPECT_FALSE(init());
+    device.copyRunning = false;
+    device.windowFails = true;
+    EXPECT_FALSE(init());
+    EXPECT_EQ(logged(), "InitInit FailedInitInit Failed");
+    EXPECT_EQ(device.calls,
+              (Calls{"FindWindowW MyClass MyGame", "SetForegroundWindow copy|1", // the one that runs
+                     "FindWindowW MyClass MyGame", "RegisterClassW MyClass 3",
+                     "CreateWindowExW 0 MyClass MyGame 268435456 0 0 240 320", "FindWindowW HHTaskbar null",
+                     "ShowWindow taskbar 5", "SetFullScreen null 21"}));
+}
+
+TEST_F(ApplicationTest, RunsWithoutADisplayAndUpdatesAllTheSame)
+{
+    device.displayError = 5;
+    EXPECT_EQ(screenCallsUntil(1), (Calls{"s.update 1000", "s.update 1001"}));
+    EXPECT_EQ(logged(), "InitOpening display...\nError5Main loop stopped");
+}
+
+TEST_F(ApplicationTest, RendersThenPresentsThenUpdatesAndNeverCatchesUp)
+{
+    device.frameCostMs = 16;
+    device.onFrame = [this] { device.note("p.present"); };
+    device.schedule(16, [this] { device.frameBufferOn = false; });
+    EXPECT_EQ(screenCallsUntil(17),
+              (Calls{"s.render 240 320", "p.present", "s.update 1016", "s.update 1016", "s.update 1017"}));
+    EXPECT_EQ(logged(), "InitOpening display...\nDisplay properties:\nScreen Width:240\nScreen Height: 320\n"
+                        "BPP: 16\nFormat: 128\nStandard display\nMain loop stopped");
+}
+
+TEST_F(ApplicationTest, ComparesFrameTimesAsSigned)
+{
+    startAt(UINT32_MAX);
+    EXPECT_EQ(screenCallsUntil(1),
+              (Calls{"s.render 240 320", "s.update 4294967295", "s.render 240 320", "s.update 0"}));
+    startAt(INT32_MAX - 1u);
+    device.frameCostMs = 16; // leaps across the edge: no frame is due for 25 days
+    EXPECT_EQ(screenCallsUntil(1000), (Calls{"s.render 240 320", "s.update 2147483662"}));
+}
+
+TEST_F(ApplicationTest, HandlesEachMessageBeforeItIsDispatched)
+{
+    constexpr struct {
+        std::uint32_t message, wParam, lParam;
+        const char *call;
+    } kMessages[] = {{6, 0x20000, 0, "GXSuspend"},
+                     {6, 0x20001, 0, "GXResume"},
+                     {7, 0, 0, "GXResume"},
+                     {8, 1, 0, "GXSuspend"},
+                     {16, 0, 0, nullptr},
+                     {0x100, 0x1FFFF, 0, "s.keyDown 65535"},
+                     {0x101, 0x10041, 0, "s.keyUp 65"},
+                     {0x200, 9, 0xFFFE8001, "s.move 32769 65534"},
+                     {0x201, 9, 319 << 16 | 239, "s.down 239 319"},
+                     {0x202, 9, 1 << 16, "s.up 0 1"},
+                     {17, 0, 0, nullptr}};
+    application->setCurrentScreen(&screen);
+    ASSERT_TRUE(init());
+    device.leaveForeground(); // so that no frames are noted
+    device.calls.clear();
+    Calls expected{"GXSuspend", "DispatchMessageW 6", "GXSuspend", "DispatchMessageW 8"};
+    for (const auto &[message, wParam, lParam, call] : kMessages) {
+        device.post(message, wParam, lParam);
+        if (call)
+            expected.emplace_back(call);
+        expected.push_back("DispatchMessageW " + std::to_string(message));
+    }
+    application->run();
+    EXPECT_EQ(device.calls, expected);
+}
+
+TEST_F(ApplicationTest, OnlyHandlesMessagesInTheBackground)
+{
+    device.leaveForeground();
+    postAfter(10, platform::WM_KEYDOWN);
+    device.schedule(20, [this] { device.enterForeground(); });
+    EXPECT_EQ(screenCallsUntil(20), (Calls{"s.keyDown 0", "s.render 240 320", "s.update 1020"}));
+}
+
+TEST_F(ApplicationTest, RunsTheDueFrameOfThePassThatStopsIt)
+{
+    application->requestStop(); // too early to count
+    screen.onTouch = [this] { screen.application->requestStop(); };
+    postAfter(0, 16); // no reason to stop
+    postAfter(1, platform::WM_LBUTTONDOWN);
+    postAfter(1, platform::WM_KEYDOWN);
+    EXPECT_EQ(screenCallsUntil(2), (Calls{"s.render 240 320", "s.update 1000", "s.down 0 0", "s.keyDown 0",
+                                          "s.render 240 320", "s.update 1001"}));
+}
+
+TEST_F(ApplicationTest, SwitchesScreensAtOnceWithinADrain)
+{
+    application->addScreen("t", &other);
+    screen.onTouch = [this] {
+        screen.application->setScreen("t");
+        screen.keyUp(1);
+    };
+    postAfter(0, platform::WM_LBUTTONDOWN);
+    postAfter(0, platform::WM_LBUTTONUP);
+    EXPECT_EQ(screenCallsUntil(0), (Calls{"s.down 0 0", "s.deactivate", "t.activate", "s.keyUp 1", "t.up 0 0",
+                                          "t.render 240 320", "t.update 1000"}));
+}
+
+TEST_F(ApplicationTest, FindsScreensByTheirExactName)
+{
+    device.recordCalls = true;
+    application->addScreen("GAME", &other);
+    application->addScreen("GAME", &screen);
+    EXPECT_EQ(application->findScreen("Game"), nullptr);
+    for (const char *name : {"GAME ", "GAME", "game", "GAME"})
+        application->setScreen(name);
+    application->setCurrentScreen(&other);
+    application->setCurrentScreen(&other);
+    EXPECT_EQ(device.calls, (Calls{"s.activate", "s.deactivate", "s.activate", "s.deactivate", "t.activate",
+                                   "t.deactivate", "t.activate"}));
+}
+
+TEST_F(ApplicationTest, PresentsABlackPictureWithoutAScreen)
+{
+    ASSERT_TRUE(init());
+    device.frameBuffer.assign(std::size_t{240} * 320 * 2, std::byte{0xFF});
+    for (const std::uint32_t message : {0x100u, 0x101u, 0x200u, 0x201u, 0x202u, 18u})
+        device.post(message, 0, 0);
+    application->run();
+    EXPECT_EQ(device.frameBuffer, std::vector<std::byte>(device.frameBuffer.size()));
+}
+
+} // namespace
+} // namespace mygame::tests

@@ -1,0 +1,115 @@
+#include <cstring>
+
+#include "shell/display.h"
+#include "tests/support/device_test.h"
+#include "tests/support/picture_files.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+constexpr std::uint32_t kWidth = 24, kHeight = 32;
+
+class DisplayTest : public DeviceTest
+{
+protected:
+    void setLayout(std::int32_t xPitch, std::int32_t yPitch, std::int32_t bits)
+    {
+        device.frameBuffer.clear();
+        device.display = {kWidth, kHeight, xPitch, yPitch, bits, 0x80000080};
+    }
+
+    /// Presents a frame in which every pixel differs.
+    void present(Display &display)
+    {
+        ASSERT_TRUE(display.beginDraw());
+        Surface &picture = display.backBuffer();
+        for (std::int32_t i = 0; i < picture.pixelCount(); ++i)
+            picture.pixels()[i] = static_cast<Pixel>(i + 1);
+        display.endDraw();
+    }
+
+    Pixel shown(std::ptrdiff_t x, std::ptrdiff_t y)
+    {
+        Pixel pixel = 0;
+        const std::byte *place = device.topLeft() + x * device.display.cbxPitch + y * device.display.cbyPitch;
+        std::memcpy(&pixel, place, sizeof pixel);
+        return pixel;
+    }
+
+    std::string logged()
+    {
+        closeLog();
+        return readFile("log.txt");
+    }
+};
+
+TEST_F(DisplayTest, LogsWhatItFinds)
+{
+    setLayout(2, 48, 16);
+    Display display(nullptr);
+    EXPECT_EQ(logged(), "Opening display...\nDisplay properties:\nScreen Width:24\nScreen Height: 32\n"
+                        "BPP: 16\nFormat: -2147483520\nStandard display\n");
+    device.standardDisplay = false;
+    const Display another(nullptr);
+    EXPECT_TRUE(logged().ends_with("\nNonstandard display\n"));
+}
+
+TEST_F(DisplayTest, LogsTheErrorAndDrawsNothingWhenItCannotOpen)
+{
+    device.displayError = 4000000000;
+    Display display(nullptr);
+    EXPECT_EQ(display.backBuffer().pixels(), nullptr);
+    EXPECT_FALSE(display.beginDraw());
+    logText("next");
+    EXPECT_EQ(logged(), "Opening display...\nError-294967296next");
+    device.displayError.reset(); // a frame buffer nevertheless
+    present(display);
+    EXPECT_EQ(shown(0, 0), 0);
+}
+
+TEST_F(DisplayTest, WritesEveryLayoutThroughItsPitches)
+{
+    constexpr std::int32_t kPitches[][2] = {{2, 48}, {2, 100}, {2, -48}, {-2, 48}, {4, 96},
+                                            {64, 2}, {-64, 2}, {64, -2}, {-2, -51}};
+    for (const auto &[xPitch, yPitch] : kPitches) {
+        setLayout(xPitch, yPitch, 16);
+        Display display(nullptr);
+        EXPECT_EQ(display.backBuffer().pixelAt(0, 0), kBlack);
+        present(display);
+        for (std::int32_t i = 0; i < display.backBuffer().pixelCount(); ++i)
+            ASSERT_EQ(shown(i % 24, i / 24), i + 1) << xPitch << ", " << yPitch;
+    }
+}
+
+TEST_F(DisplayTest, WritesNeitherPixelsOfAnotherSizeNorWithoutAFrameBuffer)
+{
+    for (const std::int32_t bytes : {1, 3, 4}) {
+        setLayout(bytes, 24 * bytes, 8 * bytes);
+        Display display(nullptr);
+        present(display);
+        EXPECT_EQ(device.frameBuffer, std::vector<std::byte>(device.frameBuffer.size())) << bytes;
+        device.frameBufferOn = false;
+        EXPECT_FALSE(display.beginDraw());
+        device.frameBufferOn = true;
+    }
+}
+
+TEST_F(DisplayTest, StartsTheLogAnewAndTriesAgainAfterAFailure)
+{
+    closeLog();
+    writeFile("log.txt", "an old and longer log");
+    logNumber(0);
+    logNumber(INT32_MIN);
+    EXPECT_EQ(logged(), "0-2147483648");
+    std::filesystem::remove("log.txt");
+    std::filesystem::create_directory("log.txt");
+    logText("dropped");
+    std::filesystem::remove("log.txt");
+    logText("kept");
+    EXPECT_EQ(logged(), "kept");
+}
+
+} // namespace
+} // namespace mygame::tests

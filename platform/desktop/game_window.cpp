@@ -113,13 +113,16 @@ void GameWindow::setIcon(const std::string &file)
 
 void GameWindow::makePresenter(bool graphicsProcessor)
 {
-    if (graphicsProcessor) {
-        presenter_ = std::make_unique<TexturePresenter>(window.get());
+    // Either way may be barred: no memory of the window can be had, for one, where pixels have 30 bits.
+    for (const bool useTexture : {graphicsProcessor, !graphicsProcessor}) {
+        presenter_.reset();
+        if (useTexture)
+            presenter_ = std::make_unique<TexturePresenter>(window.get());
+        else
+            presenter_ = std::make_unique<SurfacePresenter>(window.get());
         if (presenter_->isReady())
             return;
-        presenter_.reset();
     }
-    presenter_ = std::make_unique<SurfacePresenter>(window.get());
 }
 
 bool GameWindow::show(bool visible)

@@ -30,8 +30,11 @@ constexpr std::pair<const char *, const char *> kHints[] = {
     {SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"}, // A small picture needs no compositor switched off.
 };
 
-/// Where there is no display SDL falls back to drawing into memory, for nobody to see.
-bool isInvisible(std::string_view driver) { return driver == "offscreen" || driver == "dummy"; }
+/// Where there is no display SDL falls back to drawing into memory, for nobody to see, unless that is wanted.
+bool isInvisible(std::string_view driver)
+{
+    return !SDL_GetHint(SDL_HINT_VIDEODRIVER) && (driver == "offscreen" || driver == "dummy");
+}
 
 bool startVideo()
 {

@@ -169,8 +169,8 @@ void writePainted(const std::uint8_t *bytes, std::size_t size)
     const std::size_t width = bytes[0] % 64u + 1;
     const std::size_t height = std::clamp<std::size_t>((size - 1) * 8 / width, 1, platform::kMaxPictureSide);
     std::vector<png_byte> pixels(width * height);
-    for (std::size_t i = 0; i < pixels.size(); ++i)
-        pixels[i] = i / 8 + 1 < size ? bytes[i / 8 + 1] >> (i % 8) & 1 : 0;
+    for (std::size_t i = 0; i / 8 + 1 < size && i < pixels.size(); ++i)
+        pixels[i] = static_cast<png_byte>(bytes[i / 8 + 1] >> (i % 8) & 1);
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(width);

@@ -3,7 +3,6 @@
 
 #include "shell/application.h"
 #include "tests/support/device_test.h"
-#include "tests/support/picture_files.h"
 
 namespace mygame::tests
 {
@@ -50,9 +49,7 @@ private:
     std::string name;
 };
 
-class ApplicationTest : public DeviceTest
-{
-protected:
+struct ApplicationTest : DeviceTest {
     ApplicationTest() { startAt(1000); }
 
     void startAt(std::uint32_t tick)
@@ -85,12 +82,6 @@ protected:
         return device.calls;
     }
 
-    std::string logged()
-    {
-        application.reset();
-        return readFile("log.txt");
-    }
-
     NotingScreen screen{"s"}, other{"t"};
     std::unique_ptr<Application> application;
 };
@@ -117,6 +108,7 @@ TEST_F(ApplicationTest, FailsWhenAnotherCopyRunsOrThereIsNoWindow)
     device.copyRunning = false;
     device.windowFails = true;
     EXPECT_FALSE(init());
+    application.reset();
     EXPECT_EQ(logged(), "InitInit FailedInitInit Failed");
     EXPECT_EQ(device.calls,
               (Calls{"FindWindowW MyClass MyGame", "SetForegroundWindow copy|1", // the one that runs

@@ -13,17 +13,15 @@ namespace mygame::tests
 namespace
 {
 
-class ImageLoading : public DeviceTest
-{
-};
+using ImageLoading = DeviceTest;
 
 /// Loads a file over an old picture with a key; of a failed load nothing but the key must remain.
-Surface loaded(const std::string &name)
+Surface loaded(const std::u16string &path)
 {
     Surface surface = surfaceOf("ab/");
     surface.setColourKey('k');
     const Surface copy = surface;
-    const bool success = surface.load(dataFilePath(std::u16string(name.begin(), name.end())));
+    const bool success = surface.load(path);
     EXPECT_EQ(surface.pixels() != nullptr, success);
     EXPECT_EQ(surface.width() > 0 && surface.height() > 0, success);
     EXPECT_EQ(surface.shareCount(), success ? 1u : 0u);
@@ -32,11 +30,7 @@ Surface loaded(const std::string &name)
     return surface;
 }
 
-Surface decoded(std::string_view bytes)
-{
-    writeFile("picture", bytes);
-    return loaded("picture");
-}
+Surface decoded(std::string_view bytes) { return loaded(DeviceTest::written("picture", bytes)); }
 
 bool fails(const Surface &surface) { return surface.pixels() == nullptr; }
 
@@ -128,8 +122,9 @@ TEST_F(ImageLoading, ReadsEveryKindOfJpeg)
 TEST_F(ImageLoading, RefusesWhatIsNoPicture)
 {
     std::filesystem::create_directory("folder.png");
-    for (const char *name : {"missing.png", "folder.png", ""})
-        EXPECT_TRUE(fails(loaded(name))) << name;
+    for (const char16_t *name : {u"missing.png", u"folder.png", u""})
+        EXPECT_TRUE(fails(loaded(dataFilePath(name))));
+    EXPECT_TRUE(fails(loaded(u"")));
     std::mt19937 random(1);
     for (const char *start : {"", "GIF89a", "\x89PNG\r\n\x1A\n", "\xFF\xD8\xFF\xDB"}) {
         std::string bytes(start);

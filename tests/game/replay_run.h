@@ -5,7 +5,7 @@
 #include <string>
 #include <sys/wait.h>
 
-#include "tests/support/picture_files.h"
+#include "tests/support/files.h"
 
 namespace mygame::tests
 {

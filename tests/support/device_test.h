@@ -2,8 +2,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -11,6 +9,7 @@
 
 #include "platform/virtual/virtual_device.h"
 #include "shell/log.h"
+#include "tests/support/files.h"
 
 namespace mygame::tests
 {
@@ -37,15 +36,14 @@ struct DeviceTest : testing::Test {
     /// Writes a data file. @return its full path on the device.
     static std::u16string written(const std::string &name, std::string_view bytes)
     {
-        std::ofstream(name, std::ios::binary) << bytes;
+        writeFile(name, bytes);
         return u"\\device\\" + std::u16string(name.begin(), name.end());
     }
 
     static std::string logged()
     {
         closeLog();
-        std::ifstream file("log.txt");
-        return {std::istreambuf_iterator<char>(file), {}};
+        return readFile("log.txt");
     }
 
     platform::VirtualDevice &device = platform::VirtualDevice::instance();

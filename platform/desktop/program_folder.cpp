@@ -8,7 +8,7 @@ namespace platform
 std::string programPath()
 {
     std::string path;
-    ssize_t length;
+    ssize_t length = 0;
     do {
         path.resize(path.size() + 4096);
         length = readlink("/proc/self/exe", path.data(), path.size());

@@ -66,7 +66,7 @@ void SingleInstance::raiseOther()
 
 bool SingleInstance::takeRaiseRequest()
 {
-    char request;
+    char request = 0;
     bool requested = false;
     while (socket != kNone && recv(socket, &request, sizeof request, 0) >= 0)
         requested = true;

@@ -27,6 +27,7 @@ TEST(HostPath, ComesBackUnchangedWhateverItsBytes)
         "\U0001F680\xB0\x80\U0001F680\\\xF0"};
     for (const std::string_view path : kOdd)
         EXPECT_EQ(toHostPath(toDevicePath(path)), path) << testing::PrintToString(path);
+    EXPECT_EQ(toDevicePath(std::string_view("\u00e4", 1)), u"\xDCC3") << "reads on behind the end";
     for (int bytes = 0x0101; bytes <= 0xFFFF; ++bytes) {
         const std::string path{'a', static_cast<char>(bytes >> 8), static_cast<char>(bytes), 'b'};
         ASSERT_EQ(toHostPath(toDevicePath(path)), path) << std::hex << bytes;

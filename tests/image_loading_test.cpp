@@ -1,4 +1,5 @@
 #include <random>
+#include <sys/stat.h>
 
 #include <jpeglib.h>
 #include <png.h>
@@ -122,7 +123,8 @@ TEST_F(ImageLoading, ReadsEveryKindOfJpeg)
 TEST_F(ImageLoading, RefusesWhatIsNoPicture)
 {
     std::filesystem::create_directory("folder.png");
-    for (const char16_t *name : {u"missing.png", u"folder.png", u""})
+    mkfifo("pipe.png", S_IRWXU); // whoever opens it waits for ever
+    for (const char16_t *name : {u"missing.png", u"folder.png", u"pipe.png", u""})
         EXPECT_TRUE(fails(loaded(dataFilePath(name))));
     EXPECT_TRUE(fails(loaded(u"")));
     std::mt19937 random(1);

@@ -20,7 +20,7 @@
   #else
     #include "rock4.inc"
     #declare Colour = RockOchre; #declare Dust = srgb <0.88, 0.77, 0.56>;
-    #declare Axis = <-18, 0, -35>; #declare Size = 13.0; #declare Rim = srgb <0.62, 0.80, 1.00>;
+    #declare Axis = <-18, 0, -35>; #declare Size = 13.0; #declare Rim = srgb <0.72, 0.70, 1.00>;
 #end
 
 Flat(32, 32)

@@ -82,7 +82,7 @@ struct Sample {
     double density = 0, heat = 0;
 };
 
-Sample sampleAt(const std::vector<Ball> &balls, Vec p, double t)
+Sample sampleAt(const std::vector<Ball> &balls, const Vec &p, double t)
 {
     double field = 0, heat = 0;
     for (const Ball &b : balls) {

@@ -18,7 +18,7 @@ object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
   #include File
   object { Rock RockTexture(Colour, Dust, 0.35) rotate Spin scale Size translate Place }
 #end
-FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 95, 20>, 54, At(188, 46, 0))
+FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 35, 20>, 54, At(188, 46, 0))
 FallingRock("rock4.inc", RockOchre, srgb <0.90, 0.76, 0.50>, <50, 20, 10>, 15, At(100, 62, -50))
 FallingRock("rock3.inc", RockSlate, srgb <0.72, 0.78, 0.86>, <10, 120, 70>, 9, At(58, 30, -50))
 FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At(30, 78, -50))

@@ -105,13 +105,13 @@ const Rock kRocks[] = {
     // A flat stone with one blow that nearly broke it.
     {53,
      {1.08, 0.98, 0.78},
-     0.18,
-     0.016,
+     0.13,
+     0.010,
      3,
      0.86,
      0,
      {{{0.35, 0.35, -0.87}, 0.74, 0.40}, {{-0.7, -0.5, 0.5}, 0.50, 0.22}, {{0.6, -0.75, 0.2}, 0.34, 0.16}},
-     9},
+     4},
 };
 
 Vec scattered(std::uint32_t seed, std::uint32_t i)

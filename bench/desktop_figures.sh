@@ -37,7 +37,7 @@ start_display
 cd "$work"
 for ((i = 0; i < starts; ++i)); do
     start_demo
-    echo "$picture_ms" >> times
+    echo "$picture_ms" >> start_times
     stop_demo
 done
 start_demo
@@ -49,7 +49,7 @@ memory=$(awk '/^VmHWM/ { print $2 / 1024 }' /proc/"$demo"/status)
 xdotool windowfocus "$no_window"
 sleep 1 # until it has noticed
 report "in the background" "$(per_second wake_ups)" "wake-ups/s" 10
-report "first picture, median of $starts starts" "$(sort -n times | sed -n $((starts / 2 + 1))p)" ms 200
+report "first picture, median of $starts starts" "$(sort -n start_times | sed -n $((starts / 2 + 1))p)" ms 200
 report "peak memory" "$memory" MiB 32
 stop_demo
 exit $missed

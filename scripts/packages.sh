@@ -1,7 +1,7 @@
 # Debian packages that the scripts need, and how they get them. To be sourced.
 
 PLAY_PACKAGES="cmake g++ libasound2-dev libdeflate-dev libjpeg-dev libpng-dev libsdl2-dev libx11-dev ninja-build pkg-config"
-TEST_PACKAGES="$PLAY_PACKAGES imagemagick libbenchmark-dev libgtest-dev nlohmann-json3-dev x11-utils xdotool xvfb"
+TEST_PACKAGES="$PLAY_PACKAGES imagemagick libbenchmark-dev libgtest-dev nlohmann-json3-dev openbox x11-utils xdotool xvfb"
 ARM_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf qemu-user"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
 

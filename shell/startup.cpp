@@ -38,9 +38,8 @@ void loadCap(Surface &cap, const char16_t *file)
 
 } // namespace
 
-Program::Program()
+Program::Program() : application_(std::make_unique<Application>())
 {
-    application_ = std::make_unique<Application>();
     std::srand(platform::GetTickCount());
     state_ = std::make_unique<GameState>();
     rules = std::make_unique<GameRules>();

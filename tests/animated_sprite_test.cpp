@@ -10,25 +10,14 @@ namespace mygame::tests
 namespace
 {
 
-class AnimatedSpriteTest : public DeviceTest
-{
-protected:
-    AnimatedSprite spriteOf(const std::string &letters, std::int32_t frameTimeMs)
-    {
-        writeFile("strip.png", pngOfLetters(letters));
-        AnimatedSprite sprite;
-        EXPECT_TRUE(sprite.load(u"\\device\\strip.png", frameTimeMs));
-        return sprite;
-    }
+using AnimatedSpriteTest = DeviceTest;
 
-    AnimatedSprite spriteOf(int frames, std::int32_t frameTimeMs)
-    {
-        std::string strip;
-        for (int i = 0; i < frames; ++i)
-            strip += "Ma/../";
-        return spriteOf(strip, frameTimeMs);
-    }
-};
+AnimatedSprite spriteOf(const std::string &letters, std::int32_t frameTimeMs)
+{
+    AnimatedSprite sprite;
+    EXPECT_TRUE(sprite.load(DeviceTest::written("strip.png", pngOfLetters(letters)), frameTimeMs));
+    return sprite;
+}
 
 std::string framesOf(const AnimatedSprite &sprite)
 {
@@ -54,11 +43,12 @@ TEST_F(AnimatedSpriteTest, CutsFramesAtTheMarksInColumn0)
     EXPECT_EQ(framesOf(spriteOf("Mab/Mcd/.xx/.xx/Mef/MMM/.xx/Mij/", 1)), "ab/cd/ ef/MM/ ij/ ");
     EXPECT_EQ(framesOf(spriteOf("Mab/.xx/.xx/", 1)), "ab/ ");
     EXPECT_EQ(framesOf(spriteOf("M/./M/", 1)), "/ / ");
+    EXPECT_EQ(framesOf(spriteOf("_a/_b/", 1)), "a/b/ ") << "black marks end with the picture, too";
 }
 
 TEST_F(AnimatedSpriteTest, FinishesWhenTheIndexHasWrapped)
 {
-    AnimatedSprite sprite = spriteOf(8, 30);
+    AnimatedSprite sprite = spriteOf("M/./M/./M/./M/./M/./M/./M/./M/", 30);
     sprite.start(1000, 1);
     EXPECT_EQ(playback(sprite, {1000, 1029, 1030, 1100, 1210, 1239, 1240, 1300}), "001377||");
     EXPECT_EQ(sprite.currentFrame(), 0);
@@ -68,7 +58,8 @@ TEST_F(AnimatedSpriteTest, FinishesWhenTheIndexHasWrapped)
 
 TEST_F(AnimatedSpriteTest, PlaysOnWhileNoWrapIsSeen)
 {
-    AnimatedSprite sprite = spriteOf(3, 100), single = spriteOf(1, 10), still = spriteOf(3, 0);
+    AnimatedSprite sprite = spriteOf("M/./M/./M/", 100), single = spriteOf("M/", 10),
+                   still = spriteOf("M/./M/", 0);
     sprite.start(0, AnimatedSprite::kLoopForEver);
     EXPECT_EQ(playback(sprite, {0, 100, 200, 300, 599, 600}), "012020");
     sprite.start(0, 1);
@@ -81,7 +72,7 @@ TEST_F(AnimatedSpriteTest, PlaysOnWhileNoWrapIsSeen)
 
 TEST_F(AnimatedSpriteTest, CountsTicksAcrossTheWrapAsSigned)
 {
-    AnimatedSprite sprite = spriteOf(3, 100);
+    AnimatedSprite sprite = spriteOf("M/./M/./M/", 100);
     sprite.start(UINT32_MAX - 49, 1);
     EXPECT_EQ(playback(sprite, {UINT32_MAX - 49, UINT32_MAX, 49, 50, 150, 250}), "00012|");
     sprite.start(1000, 2);
@@ -118,6 +109,8 @@ TEST_F(AnimatedSpriteTest, SharesFramesButNotTimingWithCopies)
     EXPECT_TRUE(copy.isFinished());
     copy.setColourKey('a');
     EXPECT_TRUE(master.frame(0).keyEnabled());
+    master = copy;
+    EXPECT_EQ(master.currentFrame(), 0);
     EXPECT_FALSE(master.load(u"\\device\\missing.png", 10));
     EXPECT_EQ(framesOf(master), "");
     copy.start(0, 1);

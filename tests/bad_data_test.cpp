@@ -11,6 +11,7 @@
 #include <png.h>
 
 #include "tests/game/replay_run.h"
+#include "tests/support/device_test.h"
 #include "tests/support/picture_files.h"
 
 namespace mygame::tests
@@ -101,36 +102,36 @@ std::vector<std::string> victims(const std::string &name)
     return pictures;
 }
 
-class BadData : public testing::TestWithParam<std::string>
+class BadData : public DeviceTest, public testing::WithParamInterface<std::string>
 {
 protected:
     BadData()
     {
-        std::filesystem::create_directory(folder.path("data"));
+        std::filesystem::create_directory("data");
         for (const std::string &name : dataFiles())
             std::filesystem::create_symlink(std::string(DATA_FOLDER "/") + name, inData(name));
     }
 
-    std::string inData(const std::string &name) const { return folder.path("data/" + name); }
+    static std::string inData(const std::string &name) { return "data/" + name; }
 
     /// Plays through all screens and checks that nothing but the script ends the program. @return the trace.
-    std::string play() const
+    static std::string play()
     {
-        const Outcome run = folder.replay("'" REPLAYS_FOLDER "/all-screens.txt' --data data --trace trace");
+        const Outcome run = runReplay("'" REPLAYS_FOLDER "/all-screens.txt' --data data --trace trace");
         EXPECT_EQ(run.exit, 0);
         EXPECT_EQ(run.output + run.errors, "");
-        EXPECT_TRUE(folder.read("log.txt").ends_with("Main loop stopped"));
-        return folder.read("trace");
+        EXPECT_TRUE(readFile("log.txt").ends_with("Main loop stopped"));
+        return readFile("trace");
     }
 
-    std::string playWithout(const std::vector<std::string> &names) const
+    static std::string playWithout(const std::vector<std::string> &names)
     {
         for (const std::string &name : names)
             std::filesystem::remove(inData(name));
         return play();
     }
 
-    std::string playWith(const std::vector<std::string> &names, const Damage &damage) const
+    static std::string playWith(const std::vector<std::string> &names, const Damage &damage)
     {
         for (const std::string &name : names) {
             std::filesystem::remove(inData(name));
@@ -138,8 +139,6 @@ protected:
         }
         return play();
     }
-
-    TemporaryFolder folder;
 };
 
 std::size_t frames(const std::string &trace)

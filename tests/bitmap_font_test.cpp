@@ -12,17 +12,14 @@ namespace
 constexpr const char *kStrip = "MMM.MMMMM..MMMM/"
                                "aaaxbbbbbxxcccc/";
 
-class BitmapFontTest : public DeviceTest
+using BitmapFontTest = DeviceTest;
+
+BitmapFont fontOf(const char *letters, const std::u16string &characters)
 {
-protected:
-    BitmapFont fontOf(const char *letters, const std::u16string &characters)
-    {
-        writeFile("strip.png", pngOfLetters(letters));
-        BitmapFont font;
-        EXPECT_TRUE(font.load(u"\\device\\strip.png", characters));
-        return font;
-    }
-};
+    BitmapFont font;
+    EXPECT_TRUE(font.load(DeviceTest::written("strip.png", pngOfLetters(letters)), characters));
+    return font;
+}
 
 std::string glyphsOf(const BitmapFont &font, const std::u16string &characters)
 {
@@ -43,22 +40,17 @@ TEST_F(BitmapFontTest, CutsAGlyphForEachCharacterAtTheMarksInRow0)
 {
     EXPECT_EQ(glyphsOf(fontOf(kStrip, u"ABC"), u"ABC?"), "aaa/ bbbbb/ cccc/ none ");
     EXPECT_EQ(glyphsOf(fontOf("M.M/MMM/ab./", u"AB"), u"AB"), "M/a/ M/./ ") << "only row 0 counts";
+    EXPECT_EQ(glyphsOf(fontOf("__._/abxc/", u"AB"), u"AB"), "ab/ c/ ") << "black marks end with the picture";
     EXPECT_EQ(glyphsOf(fontOf(kStrip, u"A"), u"AB"), "aaa/ none ");
     EXPECT_EQ(glyphsOf(fontOf(kStrip, u"ABA"), u"AB"), "cccc/ bbbbb/ ") << "the later glyph counts";
     EXPECT_EQ(glyphsOf(fontOf(kStrip, u"ABCDE"), u"CDE"), "cccc/ / / ") << "beyond the last: width 0";
 }
 
-TEST_F(BitmapFontTest, MeasuresMissingGlyphsBySpacingAlone)
-{
-    const BitmapFont font = fontOf(kStrip, u"ABC");
-    EXPECT_EQ(font.textWidth(u"AB"), 9);
-    EXPECT_EQ(font.textWidth(u"A~B"), 10);
-    EXPECT_EQ(font.textWidth(u""), -1);
-}
-
-TEST_F(BitmapFontTest, AlignsAndClips)
+TEST_F(BitmapFontTest, MeasuresAlignsAndClips)
 {
     const BitmapFont font = fontOf(kStrip, u"ABCD");
+    EXPECT_EQ(font.textWidth(u"A~B"), 10) << "a missing glyph counts with its spacing alone";
+    EXPECT_EQ(font.textWidth(u""), -1);
     const struct {
         const char16_t *text;
         std::int32_t x;

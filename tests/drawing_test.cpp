@@ -13,7 +13,7 @@ constexpr const char *kBlank = "...../...../...../...../";
 /// Coordinates around both edges of the blank picture, and the ends of the range.
 constexpr std::int32_t kEdges[] = {INT_MIN, INT_MIN + 1, -3, -2, -1, 0, 1, 2, 3, 4, 5, 6, INT_MAX};
 
-std::string blitted(const Surface &source, std::int32_t x, std::int32_t y, const char *target = kBlank)
+std::string blitted(const Surface &source, std::int32_t x, std::int32_t y, const std::string &target = kBlank)
 {
     Surface result = surfaceOf(target);
     source.blitTo(result, x, y);
@@ -45,27 +45,19 @@ Surface keyed(const std::string &letters, char key)
     return surface;
 }
 
-TEST(Blit, CopiesWhatLiesInside)
-{
-    EXPECT_EQ(blitted(surfaceOf("abc/def/"), 1, 1), "...../"
-                                                    ".abc./"
-                                                    ".def./"
-                                                    "...../");
-    const Surface large = surfaceOf("abcdefgh/ijklmnop/qrstuvwx/");
-    EXPECT_EQ(blitted(large, -2, -1, "../../"), "kl/st/");
-    EXPECT_EQ(blitted(large, 1, 1, "../../"), "../.a/");
-}
-
 TEST(Blit, NeverLeavesEitherSurface)
 {
-    for (const Surface &source : {surfaceOf("abc/def/"), keyed("abc/def/", 'e'), Surface()}) {
+    const std::string_view letters = "abcdefghijklmnopqrst";
+    const Surface sources[] = {surfaceOf("abc/def/"), keyed("abc/def/", 'e'), Surface(),
+                               surfaceOf("abcdefghij/klmnopqrst/"), surfaceOf("ab/cd/ef/gh/ij/kl/mn/op/")};
+    for (const Surface &source : sources) {
         for (const std::int32_t x : kEdges) {
             for (const std::int32_t y : kEdges) {
                 EXPECT_EQ(blitted(source, x, y), pointwise([&](std::int64_t px, std::int64_t py) {
-                              const std::int64_t sx = px - x, sy = py - y;
-                              if (sx < 0 || sx >= source.width() || sy < 0 || sy >= source.height())
+                              const std::int64_t sx = px - x, sy = py - y, width = source.width();
+                              if (sx < 0 || sx >= width || sy < 0 || sy >= source.height())
                                   return '.';
-                              const char letter = "abcdef"[sy * 3 + sx];
+                              const char letter = letters[static_cast<std::size_t>(sx + sy * width)];
                               return source.keyEnabled() && letter == 'e' ? '.' : letter;
                           }))
                     << "at " << x << ", " << y;
@@ -76,13 +68,11 @@ TEST(Blit, NeverLeavesEitherSurface)
     }
 }
 
-TEST(Blit, LeavesOutTheKeyColourAlone)
+TEST(Blit, IgnoresTheKeyOfTheTarget)
 {
-    EXPECT_EQ(blitted(keyed("k_k_k_kkk_/", 'k'), 0, 0, "abcdefghij/"), "a_c_e_ghi_/");
-    EXPECT_EQ(blitted(keyed("kkk/", 'x'), 0, 0, "abc/"), "kkk/");
     Surface target = keyed("ab/", 'a');
     surfaceOf("ka/").blitTo(target, 0, 0);
-    EXPECT_EQ(lettersOf(target), "ka/") << "the target's own key plays no part";
+    EXPECT_EQ(lettersOf(target), "ka/");
 }
 
 TEST(Blit, FollowsTheKeyThroughRowsOfEveryLength)
@@ -93,8 +83,7 @@ TEST(Blit, FollowsTheKeyThroughRowsOfEveryLength)
             source += i * i % 7 < 3 ? 'k' : static_cast<char>('A' + i % 9);
             expected += source.back() == 'k' ? '.' : source.back();
         }
-        EXPECT_EQ(blitted(keyed(source + '/', 'k'), 0, 0, (std::string(length, '.') + '/').c_str()),
-                  expected + '/');
+        EXPECT_EQ(blitted(keyed(source + '/', 'k'), 0, 0, std::string(length, '.') + '/'), expected + '/');
     }
 }
 
@@ -132,8 +121,8 @@ TEST(Rectangles, CoverBothCornersAndNeverMoreThanTheSurface)
                               pointwise([&](std::int64_t x, std::int64_t y) {
                                   return within(x, x1, x2) && within(y, y1, y2) ? '#' : '.';
                               }));
-                    const auto [left, right] = std::minmax({x1, x2});
-                    const auto [top, bottom] = std::minmax({y1, y2});
+                    const std::int32_t left = std::min(x1, x2), right = std::max(x1, x2);
+                    const std::int32_t top = std::min(y1, y2), bottom = std::max(y1, y2);
                     EXPECT_EQ(drawn([&](Surface &target) { target.drawRect(x1, y1, x2, y2, '#'); }),
                               pointwise([=](std::int64_t x, std::int64_t y) {
                                   const bool inside = within(x, left, right) && within(y, top, bottom);

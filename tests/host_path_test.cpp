@@ -2,7 +2,6 @@
 
 #include "platform/common/host_path.h"
 #include "platform/common/program_path.h"
-#include "platform/text.h"
 
 namespace platform::common
 {
@@ -41,16 +40,6 @@ TEST(ProgramPath, IsCutToTheBufferAndSaysSo)
     EXPECT_EQ(std::u16string(buffer, 6), std::u16string(u"\\abc\0#", 6));
     EXPECT_EQ(copyPath(u"\\xyz", buffer, 4), 4u);
     EXPECT_EQ(std::u16string(buffer, 6), std::u16string(u"\\xy\0\0#", 6));
-}
-
-TEST(FormattedText, TakesIntegersAndIsCutAtTheLimit)
-{
-    char16_t buffer[kMaxFormattedText + 1];
-    buffer[kMaxFormattedText] = u'#';
-    EXPECT_EQ(wsprintfW(buffer, u"$%i, %02d%%", -5, 7), 8);
-    EXPECT_EQ(std::u16string(buffer), u"$-5, 07%");
-    EXPECT_EQ(wsprintfW(buffer, u"%2000d", 1), kMaxFormattedText - 1);
-    EXPECT_EQ(std::u16string(buffer + kMaxFormattedText - 1, 2), std::u16string(u"\0#", 2));
 }
 
 } // namespace

@@ -13,17 +13,15 @@ namespace mygame::tests
 namespace
 {
 
-class ImageLoading : public DeviceTest
-{
-};
+using ImageLoading = DeviceTest;
 
 /// Loads a file over an old picture with a key; of a failed load nothing but the key must remain.
-Surface loaded(const std::string &name)
+Surface loaded(const std::u16string &path)
 {
     Surface surface = surfaceOf("ab/");
     surface.setColourKey('k');
     const Surface copy = surface;
-    const bool success = surface.load(dataFilePath(std::u16string(name.begin(), name.end())));
+    const bool success = surface.load(path);
     EXPECT_EQ(surface.pixels() != nullptr, success);
     EXPECT_EQ(surface.width() > 0 && surface.height() > 0, success);
     EXPECT_EQ(surface.shareCount(), success ? 1u : 0u);
@@ -32,11 +30,7 @@ Surface loaded(const std::string &name)
     return surface;
 }
 
-Surface decoded(std::string_view bytes)
-{
-    writeFile("picture", bytes);
-    return loaded("picture");
-}
+Surface decoded(std::string_view bytes) { return loaded(DeviceTest::written("picture", bytes)); }
 
 bool fails(const Surface &surface) { return surface.pixels() == nullptr; }
 
@@ -115,19 +109,22 @@ TEST_F(ImageLoading, ReadsEveryKindOfJpeg)
                  {{4, JCS_CMYK, JCS_CMYK}, inks, kColours},
                  {{4, JCS_CMYK, JCS_CMYK, false, true}, light, kColours},
                  {{4, JCS_CMYK, JCS_YCCK, true, true}, light, kColours}};
-    for (const auto &[kind, samples, pixels] : files) {
-        const Surface surface = decoded(jpeg(kind, 32, 32, [&](int, int y) { return samples[y / 16]; }));
-        ASSERT_EQ(surface.pixelCount(), 32 * 32) << kind.storedSpace << ", " << kind.adobeMarker;
-        EXPECT_EQ(surface.pixelAt(4, 4), pixels[0]) << kind.storedSpace << ", " << kind.adobeMarker;
-        EXPECT_EQ(surface.pixelAt(28, 28), pixels[1]) << kind.storedSpace << ", " << kind.adobeMarker;
+    for (const auto &file : files) {
+        SCOPED_TRACE(&file - files);
+        const Surface surface =
+            decoded(jpeg(file.kind, 32, 32, [&file](int, int y) { return file.samples[y / 16]; }));
+        ASSERT_EQ(surface.pixelCount(), 32 * 32);
+        EXPECT_EQ(surface.pixelAt(4, 4), file.pixels[0]);
+        EXPECT_EQ(surface.pixelAt(28, 28), file.pixels[1]);
     }
 }
 
 TEST_F(ImageLoading, RefusesWhatIsNoPicture)
 {
     std::filesystem::create_directory("folder.png");
-    for (const char *name : {"missing.png", "folder.png", ""})
-        EXPECT_TRUE(fails(loaded(name))) << name;
+    for (const char16_t *name : {u"missing.png", u"folder.png", u""})
+        EXPECT_TRUE(fails(loaded(dataFilePath(name))));
+    EXPECT_TRUE(fails(loaded(u"")));
     std::mt19937 random(1);
     for (const char *start : {"", "GIF89a", "\x89PNG\r\n\x1A\n", "\xFF\xD8\xFF\xDB"}) {
         std::string bytes(start);
@@ -179,7 +176,7 @@ TEST_F(ImageLoading, FindsDataFilesBesideTheExecutable)
     EXPECT_EQ(pathFrom(u"\\Storage\\My Apps\\run.exe"), u"\\Storage\\My Apps\\a\\b.png");
     for (const char16_t *executable : {u"\\run.exe", u"run.exe", u"\\", u""})
         EXPECT_EQ(pathFrom(executable), u"\\a\\b.png");
-    for (const std::size_t length : {258, 259, 260, 261, 520, 5000}) {
+    for (const std::size_t length : {258u, 259u, 260u, 261u, 520u, 5000u}) {
         const std::u16string deep = u'\\' + std::u16string(length - 3, u'x') + u'\\';
         EXPECT_EQ(pathFrom(deep + u'r'), deep + u"a\\b.png") << length;
     }

@@ -20,8 +20,8 @@ const Colour kMarker = hex("#FFFFFF");
 const Colour kSeparator = hex("#000000");
 const Colour kOutline = hex("#060A14");
 
-/// Columns and rows that a glyph's box leaves around the ink, and how ink is coloured. Small letters of the
-/// small font have no room for an outline on their left; capitals always have one.
+/// Columns and rows that a glyph's box leaves around the ink, and how ink is coloured. The small font has no
+/// room for an outline on the left: that is the right one of the glyph before.
 struct Style {
     int left, right, top, rows, space;
     Colour (*shade)(float y, float light);
@@ -63,10 +63,7 @@ Image makeStrip(const std::string &set, const Alphabet &alphabet, const Style &s
     for (char c : set) {
         if (c != ' ' && alphabet.find(c) == alphabet.end())
             fail(std::string("no letter drawn for ") + c);
-        Style own = style;
-        if (c >= 'A' && c <= 'Z')
-            own.left = 1;
-        boxes.push_back(c == ' ' ? Image(style.space, style.rows, kKey) : drawGlyph(alphabet.at(c), own));
+        boxes.push_back(c == ' ' ? Image(style.space, style.rows, kKey) : drawGlyph(alphabet.at(c), style));
         width += boxes.back().width;
     }
     Image strip(width, style.rows + 1, kKey);

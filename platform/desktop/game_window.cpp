@@ -30,8 +30,11 @@ constexpr std::pair<const char *, const char *> kHints[] = {
     {SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"}, // A small picture needs no compositor switched off.
 };
 
-/// Where there is no display SDL falls back to drawing into memory, for nobody to see.
-bool isInvisible(std::string_view driver) { return driver == "offscreen" || driver == "dummy"; }
+/// Where there is no display SDL falls back to drawing into memory, for nobody to see, unless that is wanted.
+bool isInvisible(std::string_view driver)
+{
+    return !SDL_GetHint(SDL_HINT_VIDEODRIVER) && (driver == "offscreen" || driver == "dummy");
+}
 
 bool startVideo()
 {
@@ -113,13 +116,16 @@ void GameWindow::setIcon(const std::string &file)
 
 void GameWindow::makePresenter(bool graphicsProcessor)
 {
-    if (graphicsProcessor) {
-        presenter_ = std::make_unique<TexturePresenter>(window.get());
+    // Either way may be barred: no memory of the window can be had, for one, where pixels have 30 bits.
+    for (const bool useTexture : {graphicsProcessor, !graphicsProcessor}) {
+        presenter_.reset();
+        if (useTexture)
+            presenter_ = std::make_unique<TexturePresenter>(window.get());
+        else
+            presenter_ = std::make_unique<SurfacePresenter>(window.get());
         if (presenter_->isReady())
             return;
-        presenter_.reset();
     }
-    presenter_ = std::make_unique<SurfacePresenter>(window.get());
 }
 
 bool GameWindow::show(bool visible)

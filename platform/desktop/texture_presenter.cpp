@@ -37,8 +37,8 @@ void TexturePresenter::invalidate()
 void TexturePresenter::upload(const Frame &frame, RowSpan rows)
 {
     const SDL_Rect place{0, rows.first, kScreenSize.width, rows.last - rows.first};
-    void *pixels;
-    int pitch;
+    void *pixels = nullptr;
+    int pitch = 0;
     if (SDL_LockTexture(texture.get(), &place, &pixels, &pitch) != 0)
         return;
     auto *row = static_cast<std::byte *>(pixels);

@@ -25,25 +25,14 @@ public:
 
     bool onEvent(const Event &event) override
     {
-        text += (text.empty() ? "" : ", ") + describe(event);
+        constexpr const char *kNames[] = {"",    "new",       "resume", "pause",    "tick", "spawned",
+                                          "",    "destroyed", "fire",   "launched", "",     "detonated",
+                                          "hit", "finished",  "ended",  "wave",     "nuke", "flash"};
+        text += (text.empty() ? "" : ", ") + std::string(kNames[event.type]);
         return true;
     }
 
     std::string text;
-
-private:
-    static std::string describe(const Event &event)
-    {
-        constexpr const char *kNames[] = {"",    "new",       "resume", "pause",    "tick", "spawned",
-                                          "",    "destroyed", "fire",   "launched", "",     "detonated",
-                                          "hit", "finished",  "ended",  "wave",     "nuke", "flash"};
-        const std::string name = kNames[event.type];
-        if (event.type == kAsteroidDestroyed)
-            return name + ' ' + std::to_string(static_cast<const AsteroidDestroyedEvent &>(event).id);
-        if (event.type == kMissileDetonated)
-            return name + ' ' + std::to_string(static_cast<const MissileDetonatedEvent &>(event).id);
-        return name;
-    }
 };
 
 platform::VirtualDevice &freshDevice()
@@ -57,34 +46,19 @@ platform::VirtualDevice &freshDevice()
     return device;
 }
 
-/// One for the process: what has subscribed to the bus stays subscribed.
-Program &program()
-{
-    static auto *program = new Program;
-    return *program;
-}
+struct World {
+    Program program;
+    Story story; ///< Subscribes after everything in the program.
+};
 
-Story &story()
+/// One for the process: what has subscribed to the bus stays subscribed.
+World &world()
 {
-    static auto *story = new Story;
-    return *story;
+    static auto *world = new World;
+    return *world;
 }
 
 } // namespace
-
-Surface blankScreen()
-{
-    Surface surface;
-    surface.create(240, 320);
-    return surface;
-}
-
-Surface pictureOf(Screen &screen)
-{
-    Surface target = blankScreen();
-    screen.render(target);
-    return target;
-}
 
 std::string difference(const Surface &actual, const Surface &expected)
 {
@@ -98,8 +72,8 @@ std::string difference(const Surface &actual, const Surface &expected)
 }
 
 GameTest::GameTest()
-    : device(freshDevice()), application(program().application()),
-      state(const_cast<GameState &>(program().state())) // tests set scenes up
+    : device(freshDevice()), application(world().program.application()),
+      state(const_cast<GameState &>(world().program.state())) // tests set scenes up
 {
     state.mode = GameMode::None;
     state.soundOn = 1;
@@ -110,7 +84,7 @@ GameTest::GameTest()
     state.asteroids.clear();
     state.missiles.clear();
     state.explosions.clear();
-    story().text.clear();
+    world().story.text.clear();
 }
 
 void GameTest::play(GameMode mode, Difficulty difficulty)
@@ -126,7 +100,15 @@ std::string GameTest::frame(std::uint32_t afterMs)
 {
     device.advance(afterMs);
     application.update(device.tick());
-    return std::exchange(story().text, "");
+    return std::exchange(world().story.text, "");
+}
+
+Surface GameTest::picture() const
+{
+    Surface target;
+    target.create(240, 320);
+    application.currentScreen()->render(target);
+    return target;
 }
 
 } // namespace mygame::tests

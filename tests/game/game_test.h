@@ -13,11 +13,6 @@
 namespace mygame::tests
 {
 
-/// A black target for screens to draw on.
-Surface blankScreen();
-
-Surface pictureOf(Screen &screen);
-
 /// Names the first pixel in which two pictures differ; empty when they are the same.
 std::string difference(const Surface &actual, const Surface &expected);
 
@@ -41,13 +36,6 @@ protected:
         application.pointerUp(x, y);
     }
 
-    /// Chooses a row, from 0, of an open menu of so many rows, and lets it slide out.
-    void choose(int row, int rows)
-    {
-        tap(120, static_cast<std::uint16_t>(160 - 15 * rows + 30 * row));
-        frame(300);
-    }
-
     /// Puts an asteroid where it stays.
     void hang(std::int32_t id, std::int32_t x, std::int32_t y)
     {
@@ -65,7 +53,8 @@ protected:
         return application.currentScreen() == application.findScreen(screen);
     }
 
-    Surface picture() const { return pictureOf(*application.currentScreen()); }
+    /// What the current screen draws on black.
+    Surface picture() const;
 
     platform::VirtualDevice &device;
     Application &application;

@@ -1,29 +1,21 @@
 /// Every script in tests/replays is a test: NAME.txt must show the facts of NAME.facts. `#` starts a comment
 /// there, and each other line is a fact:
 ///
-///     at 2900 MEMBER ...              in the first frame that many ms after the first one; `at end`: the
-///     last always MEMBER ...               in every frame screens are MAIN_MENU GAME      in this order,
-///     each as long as it stays frames are 251, sounds are 3    how many were presented, how many started
-///     exit is 0                       the exit status; 0, with no errors, when no fact tells it
-///     log is "Init\nError5"           the whole log; errors likewise: standard error
+///     at 2900 MEMBER CLAIM   in the first frame that many ms after the first one; `at end`: in the last
+///     MEMBER CLAIM           of the whole run: its `screens` in their order, the `log`, and, where there are
+///                            any, the `errors` and the `exit` status
 ///
-/// A frame's member is given by its path in the trace (`state.` can be left out), and
-///
-///     is VALUE, is not VALUE
-///     is as at 2900                   has the value of that frame; also `is not as at`
-///     is white, is black              as the `crc`: of a picture of one colour
-///     counts N                        is a list with so many elements
+/// A frame's member is given by its path in the trace, without `state.`; it `is VALUE`, `is not VALUE`, `is
+/// as at 2900`, which is its value in that frame, or, as a list, `counts N` elements.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
+#include <nlohmann/json.hpp>
+#include <regex>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "tests/game/replay_run.h"
+#include "tests/support/device_test.h"
 
 namespace mygame::tests
 {
@@ -34,129 +26,75 @@ using Json = nlohmann::json;
 
 const std::filesystem::path kReplays = REPLAYS_FOLDER;
 
-// CRC-32 of 240 * 320 pixels of two bytes 255 or 0 each.
-constexpr const char *kWhiteCrc = "90bb2232";
-constexpr const char *kBlackCrc = "066e64a1";
+enum Part { kWhen = 1, kMember, kVerb, kNot, kAsAt, kValue };
+const std::regex kFact("(?:at (\\w+) )?(\\S+) (is|are|counts) (not )?(as at )?(.*?) *(?:#.*)?");
+const std::regex kNoFact(" *(?:#.*)?");
 
 /// What one replay left behind.
 struct Evidence {
-    std::vector<Json> frames;
-    Json whole; ///< What facts tell of the run as a whole.
+    Json run;
+    std::vector<Json> frames; ///< With `ms` since the first one, and the state's members beside their own.
 };
 
 Evidence evidenceOf(const std::string &name)
 {
-    const TemporaryFolder folder;
-    std::filesystem::copy(kReplays / (name + ".txt"), folder.path(""));
-    const Outcome run = folder.replay(name + ".txt --data '" DATA_FOLDER "' --trace trace");
-    std::vector<Json> frames = parseTrace(folder.read("trace"));
+    std::filesystem::copy(kReplays / (name + ".txt"), ".");
+    const Outcome run = runReplay(name + ".txt --data '" DATA_FOLDER "' --trace trace");
+    std::vector<Json> frames;
     std::string screens;
-    std::string last;
-    std::size_t sounds = 0;
-    for (const Json &frame : frames) {
-        sounds += frame["sounds"].size();
-        if (frame["screen"] != last)
-            screens += (last.empty() ? "" : " ") + frame["screen"].get<std::string>();
-        last = frame["screen"];
+    std::istringstream trace(readFile("trace"));
+    for (std::string line, last; std::getline(trace, line);) {
+        Json &frame = frames.emplace_back(Json::parse(line));
+        frame.update(Json(frame["state"]));
+        frame["ms"] = frame["tick"].get<std::uint32_t>() - frames[0]["tick"].get<std::uint32_t>();
+        const std::string screen = frame["screen"];
+        if (screen != last)
+            screens += (last.empty() ? "" : " ") + screen;
+        last = screen;
     }
-    const Json whole = {{"exit", run.exit},        {"errors", run.errors}, {"log", folder.read("log.txt")},
-                        {"frames", frames.size()}, {"sounds", sounds},     {"screens", screens}};
-    return {frames, whole};
+    const Json whole = {
+        {"screens", screens}, {"log", readFile("log.txt")}, {"errors", run.errors}, {"exit", run.exit}};
+    return {whole, frames};
 }
 
-const Json &frameAt(const std::string &when, const Evidence &evidence)
+const Json &frameAt(const std::string &when, const std::vector<Json> &frames)
 {
-    if (when == "end" && !evidence.frames.empty())
-        return evidence.frames.back();
-    for (const Json &frame : evidence.frames) {
-        const std::uint32_t start = evidence.frames.front()["tick"];
-        if (frame["tick"].get<std::uint32_t>() - start >= std::stoul(when))
-            return frame;
-    }
-    throw std::invalid_argument("there is no frame at " + when);
+    const auto isReached = [&](const Json &frame) { return frame["ms"] >= std::stoul(when); };
+    const auto found = when == "end" ? frames.end() - 1 : std::ranges::find_if(frames, isReached);
+    return frames.at(static_cast<std::size_t>(found - frames.begin()));
 }
 
-Json memberOf(const Json &frame, const std::string &path)
+Json memberOf(const Json &frame, std::string path)
 {
-    std::istringstream names(path);
-    std::string name;
-    std::getline(names, name, '.');
-    const Json *member = &(frame.contains(name) ? frame : frame.at("state")).at(name);
-    while (std::getline(names, name, '.'))
-        member = &(member->is_array() ? member->at(std::stoul(name)) : member->at(name));
-    return *member;
+    std::ranges::replace(path, '.', '/');
+    return frame.at(Json::json_pointer("/" + path));
 }
 
 Json valueOf(const std::string &text)
 {
-    if (text == "white" || text == "black")
-        return text == "white" ? kWhiteCrc : kBlackCrc;
     const Json value = Json::parse(text, nullptr, false);
     return value.is_discarded() ? Json(text) : value;
 }
 
-/// True when the text began with the prefix, which is gone then.
-bool skip(std::string &text, const std::string &prefix)
+/// @return what is wrong, empty when it is as the line tells.
+std::string faultOf(const std::string &line, const Evidence &evidence)
 {
-    const bool found = text.starts_with(prefix);
-    text.erase(0, found ? prefix.size() : 0);
-    return found;
-}
-
-std::string firstWord(std::string &text)
-{
-    const std::string word = text.substr(0, text.find(' '));
-    text.erase(0, std::min(word.size() + 1, text.size()));
-    return word;
-}
-
-/// @return what is wrong, empty when the claim about the frame is true.
-std::string check(const Json &frame, std::string claim, const Evidence &evidence)
-{
-    const std::string path = firstWord(claim);
-    const bool counts = skip(claim, "counts ");
-    if (!counts && !skip(claim, "is ") && !skip(claim, "are "))
-        throw std::invalid_argument("what about " + path + "?");
-    const bool negated = skip(claim, "not ");
-    const Json found = memberOf(frame, path);
-    const Json expected = skip(claim, "as at ") ? memberOf(frameAt(claim, evidence), path) : valueOf(claim);
-    if (((counts ? Json(found.size()) : found) == expected) != negated)
+    std::smatch fact;
+    if (!std::regex_match(line, fact, kFact))
+        return "this is no fact";
+    const bool ofFrame = fact[kWhen].matched;
+    const Json &frame = ofFrame ? frameAt(fact[kWhen], evidence.frames) : evidence.run;
+    const Json found = memberOf(frame, fact[kMember]);
+    const Json expected = fact[kAsAt].matched
+                              ? memberOf(frameAt(fact[kValue], evidence.frames), fact[kMember])
+                              : valueOf(fact[kValue]);
+    const bool holds = (fact[kVerb] == "counts" ? Json(found.size()) : found) == expected;
+    if (holds != fact[kNot].matched)
         return "";
-    const std::string place = frame.contains("tick")
-                                  ? "frame " + frame["frame"].dump() + ", tick " + frame["tick"].dump() + ": "
-                                  : "";
-    return place + path + " is " + found.dump() + ", expected " + (negated ? "not " : "") +
-           (counts ? "a count of " : "") + expected.dump();
-}
-
-std::string checkFact(std::string fact, const Evidence &evidence)
-{
-    if (skip(fact, "at ")) {
-        const std::string when = firstWord(fact);
-        return check(frameAt(when, evidence), fact, evidence);
-    }
-    if (!skip(fact, "always "))
-        return check(evidence.whole, fact, evidence);
-    std::string fault;
-    for (auto frame = evidence.frames.begin(); fault.empty() && frame != evidence.frames.end(); ++frame)
-        fault = check(*frame, fact, evidence);
-    return fault;
-}
-
-std::vector<std::string> factsOf(const std::string &name)
-{
-    std::vector<std::string> facts;
-    std::ifstream file(kReplays / (name + ".facts"));
-    for (std::string line; std::getline(file, line);) {
-        line.erase(std::min(line.find('#'), line.size()));
-        line.erase(line.find_last_not_of(' ') + 1);
-        if (!line.empty())
-            facts.push_back(line);
-    }
-    EXPECT_FALSE(facts.empty()) << name << " has no facts";
-    if (std::ranges::none_of(facts, [](const std::string &fact) { return fact.starts_with("exit"); }))
-        facts.insert(facts.end(), {"exit is 0", "errors are \"\""});
-    return facts;
+    const std::string place =
+        ofFrame ? "frame " + frame["frame"].dump() + ", tick " + frame["tick"].dump() + ": " : "";
+    return place + fact.str(kMember) + " is " + found.dump() + ", expected " + fact.str(kNot) +
+           expected.dump();
 }
 
 std::vector<std::string> replayNames()
@@ -170,16 +108,22 @@ std::vector<std::string> replayNames()
     return names;
 }
 
-class Replays : public testing::TestWithParam<std::string>
+class Replays : public DeviceTest, public testing::WithParamInterface<std::string>
 {
 };
 
 TEST_P(Replays, Show)
 {
     const Evidence evidence = evidenceOf(GetParam());
-    for (const std::string &fact : factsOf(GetParam())) {
-        SCOPED_TRACE(GetParam() + ": " + fact);
-        EXPECT_EQ(checkFact(fact, evidence), "");
+    std::string text = readFile(kReplays / (GetParam() + ".facts"));
+    EXPECT_NE(text, "") << GetParam() << " has no facts";
+    if (text.find("errors are") == std::string::npos)
+        text += "\nerrors are \"\"\nexit is 0";
+    std::istringstream facts(text);
+    for (std::string fact; std::getline(facts, fact);) {
+        if (std::regex_match(fact, kNoFact))
+            continue;
+        EXPECT_EQ(faultOf(fact, evidence), "") << GetParam() << ": " << fact;
     }
 }
 

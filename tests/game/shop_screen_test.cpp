@@ -7,11 +7,7 @@ namespace mygame::tests
 namespace
 {
 
-class ShopScreenTest : public GameTest
-{
-protected:
-    void buy() { tap(15, 301); }
-};
+using ShopScreenTest = GameTest;
 
 TEST_F(ShopScreenTest, TakesTapsStrictlyInsideItsZones)
 {
@@ -30,7 +26,7 @@ TEST_F(ShopScreenTest, TakesTapsStrictlyInsideItsZones)
         application.setScreen("SHOP");
         tap(x, y);
         EXPECT_EQ(isCurrent("GAME"), effect == "GAME") << x << ' ' << y;
-        buy();
+        tap(15, 301); // buys
         EXPECT_EQ(state.player.health == 100, effect == "repair") << x << ' ' << y;
         EXPECT_EQ(state.player.missileSlots == 2, effect == "slot") << x << ' ' << y;
         EXPECT_EQ(state.player.nukes == 1, effect == "nuke") << x << ' ' << y;
@@ -40,23 +36,19 @@ TEST_F(ShopScreenTest, TakesTapsStrictlyInsideItsZones)
 
 TEST_F(ShopScreenTest, WearsThePropulsionDownToNothing)
 {
-    play(GameMode::Survival);
+    play(GameMode::TimeAttack);
     state.asteroids.clear();
     application.setScreen("SHOP");
     tap(98, 54);
     state.player.money = 119999;
-    for (const std::int32_t travelTime : {1800, 1620, 1458, 1312, 1180, 1062, 955, 859, 773, 695}) {
-        buy();
-        EXPECT_EQ(state.missileTravelTime, travelTime);
-    }
-    for (int purchase = 11; purchase <= 60; ++purchase) {
-        buy();
+    for (int purchase = 1; purchase <= 60; ++purchase) {
+        tap(15, 301); // buys
         EXPECT_EQ(state.missileTravelTime > 0, purchase < 56) << purchase;
     }
     EXPECT_EQ(state.player.money, 1999) << "one dollar too little for the last";
     application.setScreen("GAME");
     tap(100, 100);
-    EXPECT_EQ(frame().substr(0, 39), "resume, fire, tick, launched, detonated");
+    EXPECT_EQ(frame(), "resume, fire, tick, launched, detonated");
 }
 
 } // namespace

@@ -28,10 +28,11 @@ start_demo()
 # await_end WHAT: waits for the end of the program and sets `result`, its exit code.
 await_end()
 {
-    local ended
-    result=0
-    read -r -t $patience ended <&4 && fail "$1: the program did not end, but wrote '$ended'"
+    local line='' status=0
+    read -r -t $patience line <&4 || status=$?
+    [ $status -eq 1 ] || fail "$1: the program did not end${line:+, but wrote '$line'}"
     exec 4<&-
+    result=0
     wait "$demo" 2> /dev/null || result=$?
 }
 

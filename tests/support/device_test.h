@@ -3,20 +3,20 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include <gtest/gtest.h>
 
 #include "platform/virtual/virtual_device.h"
 #include "shell/log.h"
+#include "tests/support/files.h"
 
 namespace mygame::tests
 {
 
 /// A fresh virtual device in an empty folder of the host, which is the current folder and holds the device's
 /// data files.
-class DeviceTest : public testing::Test
-{
-protected:
+struct DeviceTest : testing::Test {
     DeviceTest()
     {
         std::string name = testing::TempDir() + "mygame-XXXXXX";
@@ -31,6 +31,19 @@ protected:
         closeLog();
         std::filesystem::current_path("/");
         std::filesystem::remove_all(folder);
+    }
+
+    /// Writes a data file. @return its full path on the device.
+    static std::u16string written(const std::string &name, std::string_view bytes)
+    {
+        writeFile(name, bytes);
+        return u"\\device\\" + std::u16string(name.begin(), name.end());
+    }
+
+    static std::string logged()
+    {
+        closeLog();
+        return readFile("log.txt");
     }
 
     platform::VirtualDevice &device = platform::VirtualDevice::instance();

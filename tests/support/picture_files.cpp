@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 
 #include <jpeglib.h>
 #include <png.h>
@@ -101,7 +99,7 @@ std::string jpeg(const JpegKind &kind, std::uint32_t width, std::uint32_t height
     }
     jpeg_finish_compress(&encoder);
     jpeg_destroy_compress(&encoder);
-    const std::string result(bytes, bytes + size);
+    std::string result(bytes, bytes + size);
     std::free(bytes);
     return result;
 }
@@ -116,17 +114,6 @@ std::string pngOfLetters(std::string_view letters)
                                       static_cast<char>((pixel >> 5 & 63) << 2),
                                       static_cast<char>((pixel & 31) << 3)};
                });
-}
-
-void writeFile(const std::string &path, std::string_view bytes)
-{
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-std::string readFile(const std::string &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace mygame::tests

@@ -36,7 +36,4 @@ std::string jpeg(const JpegKind &kind, std::uint32_t width, std::uint32_t height
 /// A PNG whose pixels load as the letters (see letters.h).
 std::string pngOfLetters(std::string_view letters);
 
-void writeFile(const std::string &path, std::string_view bytes);
-std::string readFile(const std::string &path);
-
 } // namespace mygame::tests

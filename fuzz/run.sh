@@ -12,7 +12,7 @@ sanitizers="-fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno
 install_missing $TEST_PACKAGES clang
 cmake -S . -B build/fuzz -G Ninja --log-level=WARNING -DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=ON -DFUZZERS=ON \
     -DCMAKE_CXX_COMPILER=clang++ \
-    -DCMAKE_CXX_FLAGS="-O2 -fno-omit-frame-pointer -Wno-unknown-warning-option $sanitizers" >/dev/null
+    -DCMAKE_CXX_FLAGS="-O1 -fno-omit-frame-pointer -Wno-unknown-warning-option $sanitizers" >/dev/null
 cmake --build build/fuzz --target picture_fuzzer script_fuzzer -- --quiet
 
 # fuzz NAME FOLDER...: tries what is in the folders, and what comes of it, until the time is over.

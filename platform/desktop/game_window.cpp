@@ -97,7 +97,7 @@ bool GameWindow::create(const char *title, const std::string &iconFile)
 
 void GameWindow::abandon()
 {
-    static_cast<void>(presenter_.release());
+    presenter_.reset();
     static_cast<void>(window.release());
     videoRuns = false;
 }

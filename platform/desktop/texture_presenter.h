@@ -4,6 +4,7 @@
 
 #include <SDL_render.h>
 
+#include "platform/desktop/display_connection.h"
 #include "platform/desktop/presenter.h"
 
 namespace platform
@@ -22,9 +23,18 @@ public:
     VerticalSync verticalSync() const override { return VerticalSync::On; }
 
 private:
+    /// What belongs to a lost display stays with SDL's window.
     struct Destroy {
-        void operator()(SDL_Renderer *renderer) const { SDL_DestroyRenderer(renderer); }
-        void operator()(SDL_Texture *texture) const { SDL_DestroyTexture(texture); }
+        void operator()(SDL_Renderer *renderer) const
+        {
+            if (!isDisplayLost())
+                SDL_DestroyRenderer(renderer);
+        }
+        void operator()(SDL_Texture *texture) const
+        {
+            if (!isDisplayLost())
+                SDL_DestroyTexture(texture);
+        }
     };
 
     void upload(const Frame &frame, RowSpan rows);

@@ -122,12 +122,8 @@ int Player::pressHarmlessKey()
 {
     const bool endsOnPress = isCurrent("GAME") || isCurrent("GAME_OVER");
     const bool endsOnRelease = isCurrent("MAIN_MENU");
-    if (endsOnPress)
-        device.post(platform::WM_KEYUP, below(65536), 0);
-    else if (endsOnRelease || oneIn(2))
-        device.post(platform::WM_KEYDOWN, below(65536), 0);
-    else
-        device.post(platform::WM_KEYUP, below(65536), 0);
+    const bool press = !endsOnPress && (endsOnRelease || oneIn(2));
+    device.post(press ? platform::WM_KEYDOWN : platform::WM_KEYUP, below(65536), 0);
     return 1;
 }
 

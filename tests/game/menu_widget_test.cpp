@@ -49,7 +49,7 @@ protected:
         Surface target;
         target.create(240, 320);
         menu.render(target);
-        const auto row = std::span(target.pixels(), target.pixelCount()).subspan(145 * 240, 240);
+        const auto row = std::span(target.pixels() + 145 * 240, 240);
         return {std::ranges::count(row, kRed), std::ranges::count(row, kGreen)};
     }
 

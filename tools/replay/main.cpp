@@ -45,7 +45,7 @@ bool loadScript(const std::string &path, replay::Script &script)
 bool checkDataFolder(const std::string &folder)
 {
     std::error_code error;
-    std::filesystem::directory_iterator(folder, error);
+    const std::filesystem::directory_iterator readable(folder, error);
     if (error)
         std::cerr << "replay: cannot read the data folder '" << folder << "': " << error.message() << '\n';
     return !error;

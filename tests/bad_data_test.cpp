@@ -39,10 +39,11 @@ std::string randomBytes()
     return bytes;
 }
 
-std::string onePalettePicture(std::uint32_t width, std::uint32_t height)
+/// Stripes of white and magenta.
+std::string stripes(std::uint32_t width, std::uint32_t height)
 {
-    const std::string whiteAndMagenta{'\xFF', '\xFF', '\xFF', '\xFF', '\0', '\xFF'};
-    return png({PNG_COLOR_TYPE_PALETTE, 8, false, whiteAndMagenta}, width, height,
+    const std::string palette{'\xFF', '\xFF', '\xFF', '\xFF', '\0', '\xFF'};
+    return png({PNG_COLOR_TYPE_PALETTE, 8, false, palette}, width, height,
                [](int x, int y) { return std::string(1, static_cast<char>((x + y) / 8 % 2)); });
 }
 
@@ -54,7 +55,7 @@ Damage truncated(const std::string &name, const std::function<std::size_t(std::s
 
 Damage ofSize(const std::string &name, std::uint32_t width, std::uint32_t height, Is result = Is::Picture)
 {
-    return {name, result, [=](const std::string &) { return onePalettePicture(width, height); }};
+    return {name, result, [=](const std::string &) { return stripes(width, height); }};
 }
 
 std::vector<Damage> allDamages()

@@ -43,25 +43,18 @@ platform::BITMAPINFO readableBitmapInfo(std::int32_t width, std::int32_t height)
     return info;
 }
 
-/// Draws the loaded bitmap into the readable one. @return false when the system cannot.
-bool convertBitmap(platform::HBITMAP loaded, platform::HBITMAP readable, std::int32_t width,
-                   std::int32_t height)
+/// Draws one bitmap into the other by two contexts. @return false when the system cannot.
+bool drawBitmap(platform::HBITMAP loaded, platform::HDC source, platform::HBITMAP readable,
+                platform::HDC target, std::int32_t width, std::int32_t height)
 {
-    platform::HDC target = platform::CreateCompatibleDC(nullptr);
-    platform::HDC source = platform::CreateCompatibleDC(nullptr);
-    bool converted = false;
-    if (target && source) {
-        platform::HGDIOBJ oldTarget = platform::SelectObject(target, readable);
-        platform::HGDIOBJ oldSource = platform::SelectObject(source, loaded);
-        converted = platform::BitBlt(target, 0, 0, width, height, source, 0, 0, platform::SRCCOPY) != 0;
-        platform::SelectObject(target, oldTarget);
-        platform::SelectObject(source, oldSource);
-    }
-    if (source)
-        platform::DeleteDC(source);
-    if (target)
-        platform::DeleteDC(target);
-    return converted;
+    if (!source || !target)
+        return false;
+    platform::HGDIOBJ oldTarget = platform::SelectObject(target, readable);
+    platform::HGDIOBJ oldSource = platform::SelectObject(source, loaded);
+    const bool drawn = platform::BitBlt(target, 0, 0, width, height, source, 0, 0, platform::SRCCOPY) != 0;
+    platform::SelectObject(target, oldTarget);
+    platform::SelectObject(source, oldSource);
+    return drawn;
 }
 
 /// Packs a bottom-up 32-bit bitmap into top-down pixels.
@@ -99,13 +92,17 @@ bool Surface::load(const std::u16string &path)
         const platform::BITMAPINFO info = readableBitmapInfo(size.bmWidth, size.bmHeight);
         readable = platform::CreateDIBSection(nullptr, &info, platform::DIB_RGB_COLORS, &bits, nullptr, 0);
     }
-    const bool packed = readable && convertBitmap(loaded, readable, size.bmWidth, size.bmHeight) &&
+    platform::HDC target = platform::CreateCompatibleDC(nullptr);
+    platform::HDC source = platform::CreateCompatibleDC(nullptr);
+    const bool packed = readable &&
+                        drawBitmap(loaded, source, readable, target, size.bmWidth, size.bmHeight) &&
                         allocate(size.bmWidth, size.bmHeight);
     if (packed)
         packBitmap(static_cast<const std::uint8_t *>(bits), size.bmWidth, size.bmHeight, pixels_);
     platform::DeleteObject(loaded);
-    if (readable)
-        platform::DeleteObject(readable);
+    platform::DeleteObject(readable);
+    platform::DeleteDC(source);
+    platform::DeleteDC(target);
     return packed;
 }
 

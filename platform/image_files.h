@@ -78,6 +78,7 @@ HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
             std::uint32_t rasterOperation);
 
+/// Both do nothing, and return 0, for null.
 BOOL DeleteObject(HGDIOBJ object);
 BOOL DeleteDC(HDC context);
 

@@ -1,11 +1,6 @@
-/// Runs `replay` in the current folder.
 #pragma once
 
-#include <cstdlib>
 #include <string>
-#include <sys/wait.h>
-
-#include "tests/support/files.h"
 
 namespace mygame::tests
 {
@@ -16,11 +11,7 @@ struct Outcome {
     std::string errors; ///< Standard error.
 };
 
-/// @param arguments as a shell reads them.
-inline Outcome runReplay(const std::string &arguments)
-{
-    const int status = std::system((REPLAY_COMMAND " " + arguments + " >stdout 2>stderr").c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile("stdout"), readFile("stderr")};
-}
+/// Runs `replay` in the current folder. The arguments are as a shell reads them.
+Outcome runReplay(const std::string &arguments);
 
 } // namespace mygame::tests

@@ -12,15 +12,11 @@ namespace
 
 TEST(Pixels, AreConvertedExactly)
 {
-    for (int pixel = 0; pixel <= 0xFFFF; ++pixel) {
-        const int red = pixel / 2048;
-        const int green = pixel / 32 % 64;
-        const int blue = pixel % 32;
-        const int expected =
-            (red * 8 + red / 4) * 65536 + (green * 4 + green / 16) * 256 + (blue * 8 + blue / 4);
-        ASSERT_EQ(toXrgb8888(static_cast<std::uint16_t>(pixel)),
-                  0xFF000000u + static_cast<unsigned>(expected))
-            << "pixel " << pixel;
+    for (unsigned pixel = 0; pixel <= 0xFFFF; ++pixel) {
+        const unsigned red = pixel >> 11, green = pixel >> 5 & 63, blue = pixel & 31;
+        const unsigned rgb =
+            (red * 8 + red / 4) << 16 | (green * 4 + green / 16) << 8 | (blue * 8 + blue / 4);
+        ASSERT_EQ(toXrgb8888(static_cast<std::uint16_t>(pixel)), 0xFF000000 | rgb) << "pixel " << pixel;
     }
 }
 

@@ -50,9 +50,11 @@ private:
 };
 
 struct ApplicationTest : DeviceTest {
-    ApplicationTest()
+    ApplicationTest() { startAt(1000); }
+
+    void startAt(std::uint32_t tick)
     {
-        device.switchOn(1000);
+        device.switchOn(tick);
         device.frameCostMs = 0;
         application = std::make_unique<Application>();
     }
@@ -99,6 +101,29 @@ TEST_F(ApplicationTest, TakesTheScreenAndGivesItBackStepByStep)
                                    "SetFullScreen window 21", "GXCloseDisplay"}));
 }
 
+TEST_F(ApplicationTest, FailsWhenAnotherCopyRunsOrThereIsNoWindow)
+{
+    device.copyRunning = true;
+    EXPECT_FALSE(init());
+    device.copyRunning = false;
+    device.windowFails = true;
+    EXPECT_FALSE(init());
+    application.reset();
+    EXPECT_EQ(logged(), "InitInit FailedInitInit Failed");
+    EXPECT_EQ(device.calls,
+              (Calls{"FindWindowW MyClass MyGame", "SetForegroundWindow copy|1", // the one that runs
+                     "FindWindowW MyClass MyGame", "RegisterClassW MyClass 3",
+                     "CreateWindowExW 0 MyClass MyGame 268435456 0 0 240 320", "FindWindowW HHTaskbar null",
+                     "ShowWindow taskbar 5", "SetFullScreen null 21"}));
+}
+
+TEST_F(ApplicationTest, RunsWithoutADisplayAndUpdatesAllTheSame)
+{
+    device.displayError = 5;
+    EXPECT_EQ(screenCallsUntil(1), (Calls{"s.update 1000", "s.update 1001"}));
+    EXPECT_EQ(logged(), "InitOpening display...\nError5Main loop stopped");
+}
+
 TEST_F(ApplicationTest, RendersThenPresentsThenUpdatesAndNeverCatchesUp)
 {
     device.frameCostMs = 16;
@@ -106,6 +131,18 @@ TEST_F(ApplicationTest, RendersThenPresentsThenUpdatesAndNeverCatchesUp)
     device.schedule(16, [this] { device.frameBufferOn = false; });
     EXPECT_EQ(screenCallsUntil(17),
               (Calls{"s.render 240 320", "p.present", "s.update 1016", "s.update 1016", "s.update 1017"}));
+    EXPECT_EQ(logged(), "InitOpening display...\nDisplay properties:\nScreen Width:240\nScreen Height: 320\n"
+                        "BPP: 16\nFormat: 128\nStandard display\nMain loop stopped");
+}
+
+TEST_F(ApplicationTest, ComparesFrameTimesAsSigned)
+{
+    startAt(UINT32_MAX);
+    EXPECT_EQ(screenCallsUntil(1),
+              (Calls{"s.render 240 320", "s.update 4294967295", "s.render 240 320", "s.update 0"}));
+    startAt(INT32_MAX - 1u);
+    device.frameCostMs = 16; // leaps across the edge: no frame is due for 25 days
+    EXPECT_EQ(screenCallsUntil(1000), (Calls{"s.render 240 320", "s.update 2147483662"}));
 }
 
 TEST_F(ApplicationTest, HandlesEachMessageBeforeItIsDispatched)
@@ -139,6 +176,14 @@ TEST_F(ApplicationTest, HandlesEachMessageBeforeItIsDispatched)
     EXPECT_EQ(device.calls, expected);
 }
 
+TEST_F(ApplicationTest, OnlyHandlesMessagesInTheBackground)
+{
+    device.leaveForeground();
+    postAfter(10, platform::WM_KEYDOWN);
+    device.schedule(20, [this] { device.enterForeground(); });
+    EXPECT_EQ(screenCallsUntil(20), (Calls{"s.keyDown 0", "s.render 240 320", "s.update 1020"}));
+}
+
 TEST_F(ApplicationTest, RunsTheDueFrameOfThePassThatStopsIt)
 {
     application->requestStop(); // too early to count
@@ -161,6 +206,30 @@ TEST_F(ApplicationTest, SwitchesScreensAtOnceWithinADrain)
     postAfter(0, platform::WM_LBUTTONUP);
     EXPECT_EQ(screenCallsUntil(0), (Calls{"s.down 0 0", "s.deactivate", "t.activate", "s.keyUp 1", "t.up 0 0",
                                           "t.render 240 320", "t.update 1000"}));
+}
+
+TEST_F(ApplicationTest, FindsScreensByTheirExactName)
+{
+    device.recordCalls = true;
+    application->addScreen("GAME", &other);
+    application->addScreen("GAME", &screen);
+    EXPECT_EQ(application->findScreen("Game"), nullptr);
+    for (const char *name : {"GAME ", "GAME", "game", "GAME"})
+        application->setScreen(name);
+    application->setCurrentScreen(&other);
+    application->setCurrentScreen(&other);
+    EXPECT_EQ(device.calls, (Calls{"s.activate", "s.deactivate", "s.activate", "s.deactivate", "t.activate",
+                                   "t.deactivate", "t.activate"}));
+}
+
+TEST_F(ApplicationTest, PresentsABlackPictureWithoutAScreen)
+{
+    ASSERT_TRUE(init());
+    device.frameBuffer.assign(std::size_t{240} * 320 * 2, std::byte{0xFF});
+    for (const std::uint32_t message : {0x100u, 0x101u, 0x200u, 0x201u, 0x202u, 18u})
+        device.post(message, 0, 0);
+    application->run();
+    EXPECT_EQ(device.frameBuffer, std::vector<std::byte>(device.frameBuffer.size()));
 }
 
 } // namespace

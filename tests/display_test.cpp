@@ -36,6 +36,28 @@ struct DisplayTest : DeviceTest {
     }
 };
 
+TEST_F(DisplayTest, LogsWhatItFinds)
+{
+    setLayout(2, 48, 16);
+    device.standardDisplay = false;
+    const Display display(nullptr);
+    EXPECT_EQ(logged(), "Opening display...\nDisplay properties:\nScreen Width:24\nScreen Height: 32\n"
+                        "BPP: 16\nFormat: -2147483520\nNonstandard display\n");
+}
+
+TEST_F(DisplayTest, LogsTheErrorAndDrawsNothingWhenItCannotOpen)
+{
+    device.displayError = 4000000000;
+    Display display(nullptr);
+    EXPECT_EQ(display.backBuffer().pixels(), nullptr);
+    EXPECT_FALSE(display.beginDraw());
+    logText("next");
+    EXPECT_EQ(logged(), "Opening display...\nError-294967296next");
+    device.displayError.reset(); // a frame buffer nevertheless
+    present(display);
+    EXPECT_EQ(shown(0, 0), 0);
+}
+
 TEST_F(DisplayTest, WritesEveryLayoutThroughItsPitches)
 {
     constexpr std::int32_t kPitches[][2] = {{2, 48}, {2, 100}, {2, -48}, {-2, 48}, {4, 96},
@@ -43,28 +65,39 @@ TEST_F(DisplayTest, WritesEveryLayoutThroughItsPitches)
     for (const auto &[xPitch, yPitch] : kPitches) {
         setLayout(xPitch, yPitch, 16);
         Display display(nullptr);
+        EXPECT_EQ(display.backBuffer().pixelAt(0, 0), kBlack);
         present(display);
         for (std::int32_t i = 0; i < display.backBuffer().pixelCount(); ++i)
             ASSERT_EQ(shown(i % 24, i / 24), i + 1) << xPitch << ", " << yPitch;
     }
 }
 
-TEST_F(DisplayTest, WritesNoPixelsOfAnotherSize)
+TEST_F(DisplayTest, WritesNeitherPixelsOfAnotherSizeNorWithoutAFrameBuffer)
 {
     for (const std::int32_t bytes : {1, 3, 4}) {
         setLayout(bytes, 24 * bytes, 8 * bytes);
         Display display(nullptr);
         present(display);
         EXPECT_EQ(device.frameBuffer, std::vector<std::byte>(device.frameBuffer.size())) << bytes;
+        device.frameBufferOn = false;
+        EXPECT_FALSE(display.beginDraw());
+        device.frameBufferOn = true;
     }
 }
 
-TEST_F(DisplayTest, StartsTheLogAnew)
+TEST_F(DisplayTest, StartsTheLogAnewAndTriesAgainAfterAFailure)
 {
+    closeLog();
     written("log.txt", "an old and longer log");
     logNumber(0);
     logNumber(INT32_MIN);
     EXPECT_EQ(logged(), "0-2147483648");
+    std::filesystem::remove("log.txt");
+    std::filesystem::create_directory("log.txt");
+    logText("dropped");
+    std::filesystem::remove("log.txt");
+    logText("kept");
+    EXPECT_EQ(logged(), "kept");
 }
 
 } // namespace

@@ -134,7 +134,8 @@ void packPicture(const std::string &out, int width, int height, double sharpness
     writeSheet(out, sheet);
 }
 
-/// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern.
+/// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern. The
+/// pattern decides within a narrow range only, so that the smoke tears into wisps instead of turning into a mesh.
 void packBlast(const std::string &out, int width, int height, const std::vector<std::string> &in)
 {
     Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {255, 0, 255});
@@ -145,7 +146,7 @@ void packBlast(const std::string &out, int width, int height, const std::vector<
             for (int x = 0; x < width; ++x) {
                 const double step = (kBayer[y & 3][x & 3] + 0.5) / 16;
                 const Pixel &p = frame.at(x, y);
-                if (p.alpha > 0.12 + 0.62 * step)
+                if (p.alpha > 0.30 + 0.26 * step)
                     strip.at(1 + x, static_cast<int>(i) * (height + 1) + y) =
                         screenColour(p.colour, (step - 0.5) * 0.8);
             }

@@ -134,8 +134,9 @@ void packPicture(const std::string &out, int width, int height, double sharpness
     writeSheet(out, sheet);
 }
 
-/// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern. The
-/// pattern decides within a narrow range only, so that the smoke tears into wisps instead of turning into a mesh.
+/// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern.
+/// The pattern decides within a narrow range only, so that the smoke tears into wisps instead of turning into
+/// a mesh.
 void packBlast(const std::string &out, int width, int height, const std::vector<std::string> &in)
 {
     Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {255, 0, 255});

@@ -27,8 +27,8 @@ awk -v first=$first -v last=$last -v step=$step '
 
 "$replay" motion.txt --snapshots pictures
 
-# Sharp pixels at twice the size.
-enlarge="-filter point -resize 200%"
+# Sharp pixels at twice the size, without the date of the day.
+enlarge="-filter point -resize 200% -strip"
 convert pictures/menu.png $enlarge "$here/menu.png"
 convert pictures/shop.png $enlarge "$here/shop.png"
 convert -delay $((step / 10)) -loop 0 pictures/motion-*.png +dither +remap -layers OptimizeTransparency "$here/motion.gif"

@@ -25,10 +25,40 @@ SCRIPT
 "$programs/replay" screens.txt --snapshots expected
 
 mkdir first second
-(cd first && exec "$programs/mygame") &
-game=$!
-wait_for "the window" find_window
-wait_for "the main menu" shows expected/top.png
+expected_log="InitOpening display...
+Display properties:
+Screen Width:240
+Screen Height: 320
+BPP: 16
+Format: 128
+Standard display
+Main loop stopped"
+
+# expect_end HOW: the program ends by itself, cleanly.
+ended() { ! kill -0 $game 2> /dev/null; }
+expect_end()
+{
+    wait_for "the program to end after $1" ended
+    wait $game || fail "the program ended after $1 with exit code $?"
+    [ "$(cat first/log.txt)" = "$expected_log" ] || fail "the log after $1: $(cat first/log.txt)"
+}
+
+start_game()
+{
+    (cd first && exec "$programs/mygame") &
+    game=$!
+    wait_for "the window" find_window
+    wait_for "the main menu" shows expected/top.png
+}
+start_game
+
+is_as_wide_as() { find_window && [ "$WIDTH" = "$1" ]; }
+xdotool key F11
+wait_for "full screen" is_as_wide_as 1280
+wait_for "the main menu in full screen" shows expected/top.png
+xdotool key alt+Return
+wait_for "the window after full screen" is_as_wide_as 720
+wait_for "the main menu after full screen" shows expected/top.png
 
 tap 120 130
 wait_for "the modes after a tap on \"New game\"" shows expected/modes.png
@@ -42,6 +72,8 @@ for x in 60 120 180; do
     tap $x 120
     sleep 0.4
 done
+xdotool key shift Tab a ctrl+Escape
+wait_for "the game to go on after keys that are not the game's" moves
 
 tap 225 305
 stands_still() { ! moves; }
@@ -68,17 +100,9 @@ wait_for "the game to stand still under its menu again" stands_still
 tap 120 175
 wait_for "the main menu with \"Resume\" again" shows expected/resumable.png
 tap 120 205
+expect_end "\"Exit\""
 
-ended() { ! kill -0 $game 2> /dev/null; }
-wait_for "the program to end after \"Exit\"" ended
-wait $game || fail "the program ended with exit code $?"
-expected_log="InitOpening display...
-Display properties:
-Screen Width:240
-Screen Height: 320
-BPP: 16
-Format: 128
-Standard display
-Main loop stopped"
-[ "$(cat first/log.txt)" = "$expected_log" ] || fail "the log: $(cat first/log.txt)"
+start_game
+xdotool key Escape
+expect_end "a key in the main menu"
 echo "a game was played, left, resumed and ended"

@@ -184,11 +184,12 @@ begin()
     draw_menus
 }
 
+# lose_display WHEN [LOG]
 lose_display()
 {
     kill -KILL "$server"
     wait "$server" 2> /dev/null || true
-    ends_well "when the display went $1" "$work/game/log.txt"
+    ends_well "when the display went $1" "${@:2}"
     rm -rf "$work"
 }
 
@@ -199,7 +200,7 @@ test_loss_of_display()
     mkdir "$work/game"
     start "$work/game"
     start_game
-    lose_display "in a game"
+    lose_display "in a game" "$work/game/log.txt"
 
     begin
     mkdir "$work/game"
@@ -207,7 +208,19 @@ test_loss_of_display()
     start_game
     xdotool windowfocus 1 # No window has the keyboard then.
     wait_for "the game to stand still" stands_still
-    lose_display "in the background"
+    lose_display "in the background" "$work/game/log.txt"
+
+    begin
+    openbox > /dev/null 2>&1 &
+    local manager=$!
+    wait_for "the window manager" has_window_manager
+    kill -STOP $manager # Now nobody shows the window, for which the game waits.
+    (cd "$work" && exec "$programs/mygame") &
+    game=$!
+    wait_for "the window" xdotool search --name '^MyGame$' > /dev/null
+    sleep 0.5
+    lose_display "at the start"
+    kill -KILL $manager
 }
 
 begin

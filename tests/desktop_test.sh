@@ -37,7 +37,6 @@ expect_colours() { wait_for "$1: $2 at ${*:3}" shows_colours "${@:2}"; }
 has_focus() { [ "$(xdotool getwindowfocus 2> /dev/null)" = "$window" ]; }
 has_geometry() { xdotool getwindowgeometry --shell "$window" | tr '\n' ' ' | grep -q "$1"; }
 has_no_focus() { ! has_focus; }
-has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
 
 click() { xdotool mousemove "$1" "$2" click 1; }
 

@@ -1,5 +1,8 @@
 #include "platform/desktop/display_connection.h"
 
+#include <cstdio>
+#include <cstdlib>
+
 #include <SDL_syswm.h>
 
 namespace platform
@@ -7,10 +10,17 @@ namespace platform
 namespace
 {
 
+Display *survived = nullptr; ///< Null until there is one whose loss is survived.
+bool displayNeeded = false;  ///< Whether a call waits for the server.
 bool displayLost = false;
 
-int noteLoss(Display *)
+/// Ends the process before Xlib does, which reports an error for any display that is not survived.
+int noteLoss(Display *display)
 {
+    if (display != survived || displayNeeded) {
+        std::fflush(nullptr);
+        std::_Exit(EXIT_SUCCESS);
+    }
     displayLost = true;
     return 0;
 }
@@ -20,16 +30,21 @@ void goOn(Display *, void *) {}
 
 } // namespace
 
+void endWithDisplay() { XSetIOErrorHandler(noteLoss); }
+
 void surviveLossOfDisplay(SDL_Window *window)
 {
     SDL_SysWMinfo info{};
     SDL_VERSION(&info.version);
     if (!SDL_GetWindowWMInfo(window, &info) || info.subsystem != SDL_SYSWM_X11)
         return;
-    XSetIOErrorHandler(noteLoss);
-    XSetIOErrorExitHandler(info.info.x11.display, goOn, nullptr);
+    survived = info.info.x11.display;
+    XSetIOErrorExitHandler(survived, goOn, nullptr);
 }
 
 bool isDisplayLost() { return displayLost; }
+
+DisplayNeeded::DisplayNeeded() { displayNeeded = true; }
+DisplayNeeded::~DisplayNeeded() { displayNeeded = false; }
 
 } // namespace platform

@@ -40,6 +40,7 @@ bool startVideo()
 {
     for (const auto &[name, value] : kHints)
         SDL_SetHint(name, value);
+    endWithDisplay();
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         return false;
     if (isInvisible(SDL_GetCurrentVideoDriver())) {
@@ -133,6 +134,7 @@ bool GameWindow::show(bool visible)
     if (!window)
         return false;
     const bool wasVisible = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_SHOWN) != 0;
+    const DisplayNeeded untilItIsDone;
     visible ? SDL_ShowWindow(window.get()) : SDL_HideWindow(window.get());
     return wasVisible;
 }

@@ -55,6 +55,8 @@ find_window()
     [ -n "$window" ] && eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
 }
 
+has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
+
 # Window pixels for a screen pixel.
 scale() { echo $((WIDTH / 240 < HEIGHT / 320 ? WIDTH / 240 : HEIGHT / 320)); }
 

@@ -5,8 +5,8 @@ struct SDL_Window;
 namespace platform
 {
 
-/// Ends the process quietly, with exit code 0 and what it wrote on disk, when a display's server goes. Without
-/// this it would exit with an error in the middle of a call, and in doing so call that server again.
+/// Ends the process quietly, with exit code 0 and what it wrote on disk, when a display's server goes.
+/// Without this it would exit with an error in the middle of a call, and in doing so call that server again.
 /// To be called before the display is opened.
 void endWithDisplay();
 

@@ -1,6 +1,7 @@
 #include "platform/common/host_path.h"
 
 #include <cstddef>
+#include <sys/stat.h>
 
 namespace platform::common
 {
@@ -136,6 +137,12 @@ std::string toHostPath(std::u16string_view devicePath)
         }
     }
     return path;
+}
+
+bool isRegularFile(const std::string &hostPath)
+{
+    struct stat status;
+    return stat(hostPath.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 } // namespace platform::common

@@ -1,5 +1,5 @@
-/// Paths of the host's file system in the device's form and back. Shared by the devices that run on a POSIX
-/// host.
+/// The host's file system: its paths in the device's form and back, and what is a file. Shared by the devices
+/// that run on a POSIX host.
 #pragma once
 
 #include <string>
@@ -18,5 +18,8 @@ std::u16string toDevicePath(std::string_view hostPath);
 
 /// The inverse. A surrogate that `toDevicePath` does not make becomes a question mark.
 std::string toHostPath(std::u16string_view devicePath);
+
+/// False for a folder or a pipe, which could be opened but holds no data, and for what is not there.
+bool isRegularFile(const std::string &hostPath);
 
 } // namespace platform::common

@@ -2,8 +2,8 @@
 
 #include <cstring>
 #include <new>
-#include <sys/stat.h>
 
+#include "platform/common/host_path.h"
 #include "platform/image_files.h"
 
 namespace platform::common
@@ -18,15 +18,6 @@ struct CloseFile {
     void operator()(std::FILE *file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
-
-/// Null for a folder or a pipe, which could be opened but not decoded.
-File openRegularFile(const std::string &hostPath)
-{
-    struct stat status;
-    if (stat(hostPath.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
-        return nullptr;
-    return File(std::fopen(hostPath.c_str(), "rb"));
-}
 
 template <std::size_t N>
 bool beginsWith(const unsigned char (&start)[sizeof kPngSignature], const unsigned char (&signature)[N])
@@ -50,7 +41,7 @@ bool Picture::allocate(std::uint32_t newWidth, std::uint32_t newHeight)
 
 bool decodePicture(const std::string &hostPath, Picture &picture)
 {
-    const File file = openRegularFile(hostPath);
+    const File file(isRegularFile(hostPath) ? std::fopen(hostPath.c_str(), "rb") : nullptr);
     unsigned char start[sizeof kPngSignature] = {};
     if (!file || std::fread(start, sizeof start, 1, file.get()) != 1)
         return false;

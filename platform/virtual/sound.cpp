@@ -1,8 +1,8 @@
 #include "platform/sound.h"
 
-#include <fstream>
 #include <string_view>
 
+#include "platform/common/host_path.h"
 #include "platform/virtual/virtual_device.h"
 
 namespace platform
@@ -10,8 +10,7 @@ namespace platform
 
 BOOL PlaySoundW(const char16_t *path, void *, std::uint32_t)
 {
-    const std::string hostPath = VirtualDevice::instance().hostPath(path);
-    if (hostPath.empty() || !std::ifstream(hostPath))
+    if (!common::isRegularFile(VirtualDevice::instance().hostPath(path)))
         return 0;
     const std::u16string_view name(path);
     VirtualDevice::instance().sounds.emplace_back(name.substr(name.rfind(u'\\') + 1));

@@ -31,7 +31,17 @@ template <class Record> bool keysMatch(const std::map<std::int32_t, Record> &tab
 
 } // namespace
 
-std::int64_t livingAllocations() { return living; }
+bool IdWatch::take(std::set<std::int32_t> ids)
+{
+    for (const std::int32_t id : ids) {
+        if (id <= highest && !living.contains(id))
+            return false;
+    }
+    if (!ids.empty())
+        highest = std::max(highest, *ids.rbegin());
+    living = std::move(ids);
+    return true;
+}
 
 Watch::Watch(mygame::Program &program) : program(program)
 {
@@ -72,11 +82,7 @@ void Watch::check(std::uint64_t currentFrame)
 
 void Watch::checkScreen()
 {
-    std::string current;
-    for (const char *name : {"SHOP", "GAME", "GAME_OVER", "MAIN_MENU", "MESSAGE", "ANIMSCREEN"}) {
-        if (program.application().findScreen(name) == program.application().currentScreen())
-            current = name;
-    }
+    const std::string current = program.currentScreenName();
     require(!current.empty(), "the current screen is none of the six");
     if (current == "SHOP" && lastScreen != "SHOP")
         ++shopVisits;
@@ -93,16 +99,11 @@ void Watch::checkTables()
         ids.insert(ids.end(), id);
     for (const auto &[id, missile] : state.missiles)
         require(ids.insert(id).second, "an asteroid and a missile have one id");
-    for (const std::int32_t id : ids)
-        require(id > highestId || livingIds.contains(id), "an id was used again");
-    if (!ids.empty())
-        highestId = std::max(highestId, *ids.rbegin());
-    livingIds = std::move(ids);
-    if (!state.explosions.empty()) {
-        const std::int32_t newest = state.explosions.rbegin()->first;
-        require(newest >= highestExplosionId || state.explosions.contains(newest), "an explosion's id fell");
-        highestExplosionId = std::max(highestExplosionId, newest);
-    }
+    require(objects.take(std::move(ids)), "an id was used again");
+    std::set<std::int32_t> explosionIds;
+    for (const auto &[id, explosion] : state.explosions)
+        explosionIds.insert(explosionIds.end(), id);
+    require(explosions.take(std::move(explosionIds)), "an explosion's id was used again");
 }
 
 void Watch::checkPlayer() const
@@ -131,7 +132,8 @@ void Watch::checkMemory()
     const mygame::GameState &state = program.state();
     // A record in a table is one block, its sprite's frames another.
     const auto records = 2 * state.asteroids.size() + state.missiles.size() + 2 * state.explosions.size() +
-                         2 * mygame::EventBus::instance().waiting() + livingIds.size();
+                         2 * mygame::EventBus::instance().waiting() + objects.living.size() +
+                         explosions.living.size();
     const std::int64_t resting = living - static_cast<std::int64_t>(records);
     if (restingAllocations < 0)
         restingAllocations = resting;
@@ -141,8 +143,8 @@ void Watch::checkMemory()
 std::string Watch::report() const
 {
     return std::to_string(games) + " games, " + std::to_string(ticks) + " simulation steps, " +
-           std::to_string(shopVisits) + " visits to the shop, " + std::to_string(highestId) +
-           " asteroids and missiles, " + std::to_string(highestExplosionId) + " explosions";
+           std::to_string(shopVisits) + " visits to the shop, " + std::to_string(objects.highest) +
+           " asteroids and missiles, " + std::to_string(explosions.highest) + " explosions";
 }
 
 } // namespace soak

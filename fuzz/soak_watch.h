@@ -10,6 +10,15 @@
 namespace soak
 {
 
+/// Ids that only grow: none may come back once it is gone.
+struct IdWatch {
+    std::int32_t highest = 0;
+    std::set<std::int32_t> living;
+
+    /// Takes the ids that live now. @return false when one among them was used before.
+    bool take(std::set<std::int32_t> ids);
+};
+
 /// Checks what must hold at all times, and ends the process with a line that says what does not.
 class Watch final : public mygame::EventListener
 {
@@ -36,16 +45,12 @@ private:
     std::uint64_t frame = 0;
     std::int64_t ticks = 0;     ///< Simulation steps so far.
     std::int64_t seenTicks = 0; ///< At the last check.
-    std::int32_t highestId = 0;
-    std::int32_t highestExplosionId = 0;
-    std::set<std::int32_t> livingIds;
+    IdWatch objects;            ///< Asteroids and missiles, which share their ids.
+    IdWatch explosions;
     std::string lastScreen;
     std::uint64_t shopVisits = 0;
     std::uint64_t games = 0;
     std::int64_t restingAllocations = -1; ///< At the first visit to the main menu.
 };
-
-/// Blocks of memory that the process holds from `new` now.
-std::int64_t livingAllocations();
 
 } // namespace soak

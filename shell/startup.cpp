@@ -53,7 +53,8 @@ Program::Program() : application_(std::make_unique<Application>())
     gameOver = std::make_unique<GameOverScreen>();
     mainMenu = std::make_unique<MainMenuScreen>();
     linkScreens();
-    registerScreens();
+    for (const auto &[name, screen] : screens())
+        application_->addScreen(name, screen);
     application_->setScreen("MAIN_MENU");
 }
 
@@ -80,14 +81,23 @@ void Program::linkScreens()
     state_->messageScreen.setFont(state_->font);
 }
 
-void Program::registerScreens()
+std::array<Program::NamedScreen, 6> Program::screens() const
 {
-    application_->addScreen("SHOP", shop.get());
-    application_->addScreen("GAME", gameScreen.get());
-    application_->addScreen("GAME_OVER", gameOver.get());
-    application_->addScreen("MAIN_MENU", mainMenu.get());
-    application_->addScreen("MESSAGE", &state_->messageScreen);
-    application_->addScreen("ANIMSCREEN", &state_->animScreen);
+    return {{{"SHOP", shop.get()},
+             {"GAME", gameScreen.get()},
+             {"GAME_OVER", gameOver.get()},
+             {"MAIN_MENU", mainMenu.get()},
+             {"MESSAGE", &state_->messageScreen},
+             {"ANIMSCREEN", &state_->animScreen}}};
+}
+
+const char *Program::currentScreenName() const
+{
+    for (const auto &[name, screen] : screens()) {
+        if (screen == application_->currentScreen())
+            return name;
+    }
+    return "";
 }
 
 void Program::run(platform::HINSTANCE instance, int showCommand)

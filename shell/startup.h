@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "graphics/surface.h"
@@ -13,6 +14,7 @@ class GameOverScreen;
 class GameRules;
 class GameScreen;
 class MainMenuScreen;
+class Screen;
 class ShopScreen;
 struct GameState;
 
@@ -33,11 +35,19 @@ public:
     Application &application() { return *application_; }
     const GameState &state() const { return *state_; }
 
+    /// The name by which the current screen is registered, never null.
+    const char *currentScreenName() const;
+
 private:
+    struct NamedScreen {
+        const char *name;
+        Screen *screen;
+    };
+
     void loadFonts();
     void setUpMenu();
     void linkScreens();
-    void registerScreens();
+    std::array<NamedScreen, 6> screens() const;
 
     // In the reverse order of their destruction, which is not that of their construction.
     Surface leftCap;

@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "platform/common/host_path.h"
-#include "shell/application.h"
 #include "tools/replay/picture_file.h"
 #include "tools/replay/trace.h"
 
@@ -20,15 +19,6 @@ namespace
 
 /// The trace is written in pieces of about this many bytes.
 constexpr std::size_t kTraceBufferBytes = 1 << 16;
-
-std::string_view screenName(const mygame::Application &application)
-{
-    for (const char *name : {"SHOP", "GAME", "GAME_OVER", "MAIN_MENU", "MESSAGE", "ANIMSCREEN"}) {
-        if (application.findScreen(name) == application.currentScreen())
-            return name;
-    }
-    return "";
-}
 
 template <class... Functions> struct Overloaded : Functions... {
     using Functions::operator()...;
@@ -102,7 +92,7 @@ void Recorder::recordFrame(mygame::Program &program)
     ++frames;
     writeSnapshots();
     if (traceFile) {
-        appendFrame(trace, {frames, device.tick(), screenName(program.application()), device.frameBuffer,
+        appendFrame(trace, {frames, device.tick(), program.currentScreenName(), device.frameBuffer,
                             device.sounds, program.state()});
         if (trace.size() >= kTraceBufferBytes)
             flushTrace();

@@ -26,7 +26,8 @@ public:
     /// output cannot be written.
     bool open();
 
-    /// Gives the device the script's properties and timeline. Before the program is built.
+    /// Gives the device the script's properties and timeline. Before the program is built; the script must
+    /// live as long as it runs.
     void prepare(const Script &script);
 
     /// Records this program's frames.

@@ -81,9 +81,9 @@ bool GameWindow::create(const char *title, const std::string &iconFile)
     if (!videoRuns)
         return false;
     const bool graphicsProcessor = hasGraphicsProcessor();
-    std::uint32_t flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE;
+    std::uint32_t flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
     if (graphicsProcessor)
-        flags |= SDL_WINDOW_OPENGL | SDL_WINDOW_ALLOW_HIGHDPI;
+        flags |= SDL_WINDOW_OPENGL;
     const Size size = comfortableSize();
     window.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.width,
                                   size.height, flags));

@@ -1,5 +1,6 @@
 #include "platform/desktop/termination.h"
 
+#include <atomic>
 #include <csignal>
 
 namespace platform
@@ -7,9 +8,11 @@ namespace platform
 namespace
 {
 
-volatile std::sig_atomic_t terminationRequested = 0;
+/// Set on any thread, and in the middle of anything.
+std::atomic<bool> terminationRequested = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
 
-void noteSignal(int) { terminationRequested = 1; }
+void noteSignal(int) { terminationRequested = true; }
 
 } // namespace
 
@@ -22,12 +25,6 @@ void catchTerminationSignals()
     sigaction(SIGTERM, &action, nullptr);
 }
 
-bool takeTerminationRequest()
-{
-    if (terminationRequested == 0)
-        return false;
-    terminationRequested = 0;
-    return true;
-}
+bool takeTerminationRequest() { return terminationRequested.exchange(false); }
 
 } // namespace platform

@@ -16,13 +16,21 @@ fetch_libraries()
     state=$PWD/build/arm-packages
     mkdir -p "$state/lists/partial" "$state/cache/archives/partial" "$state/deb" $root
     : > "$state/status"
-    arm_apt="-qq -o APT::Architecture=armhf -o APT::Architectures=armhf -o APT::Sandbox::User= \
-        -o Dir::State=$state -o Dir::State::status=$state/status -o Dir::Cache=$state/cache"
+    cat >"$state/apt.conf" <<CONF
+APT::Architecture "armhf";
+APT::Architectures "armhf";
+APT::Sandbox::User "";
+Dir::State "$state";
+Dir::State::status "$state/status";
+Dir::Cache "$state/cache";
+CONF
+    export APT_CONFIG="$state/apt.conf"
     echo "Fetching packages for armhf: $arm_packages"
-    # shellcheck disable=SC2086 # one word an option, one a package
+    # shellcheck disable=SC2086 # one word a package
     # One of several package lists may be out of reach: what counts is that the packages come.
-    (cd "$state/deb" && { apt-get $arm_apt update 2>/dev/null || true; } && apt-get $arm_apt download $arm_packages) ||
+    (cd "$state/deb" && { apt-get -qq update 2>/dev/null || true; } && apt-get -qq download $arm_packages) ||
         fail "cannot fetch Debian's packages for armhf"
+    unset APT_CONFIG
     for package in "$state"/deb/*.deb; do
         dpkg -x "$package" $root
     done
@@ -31,7 +39,8 @@ fetch_libraries()
 
 trace() # trace BUILD SCRIPT FILE [EMULATOR]
 {
-    ${4:-} "build/$1/bin/replay" "$2" --data data --trace "$3" --snapshots build/arm-traces/snapshots 2>/dev/null || true
+    ${4:-} "build/$1/bin/replay" "$2" --data data --trace "$3" --snapshots build/arm-traces/snapshots 2>/dev/null ||
+        echo "exit code $?" >>"$3"
 }
 
 # shellcheck disable=SC2086 # one word a package

@@ -15,7 +15,10 @@ play_recorded_game()
 }
 
 # Another copy of the game runs: ours has brought it to the front.
-another_copy_runs() { cat /proc/[0-9]*/comm 2>/dev/null | grep -qx mygame; }
+another_copy_runs()
+{
+    find /proc/[0-9]* -maxdepth 1 -name comm -user "$(id -u)" -exec cat {} + 2>/dev/null | grep -qx mygame
+}
 
 # shellcheck disable=SC2086 # one word a package
 install_missing $PLAY_PACKAGES

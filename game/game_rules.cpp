@@ -145,7 +145,7 @@ void GameRules::updateWorld(std::uint32_t now)
 void GameRules::survivalStep(std::uint32_t now)
 {
     if (static_cast<std::int32_t>(nextSpawn) < static_cast<std::int32_t>(now)) {
-        const std::int32_t seconds = static_cast<std::int32_t>(now - gameStart) / 1000;
+        const std::int32_t seconds = static_cast<std::int32_t>(now - gameStart) / kMsPerSecond;
         // From the due time, not from now: after a long frame the schedule catches up, a spawn a step.
         nextSpawn += static_cast<std::uint32_t>(spawnInterval(seconds));
         spawnAsteroid();

@@ -39,7 +39,6 @@ constexpr std::int32_t kNukeButtonX = 33;
 constexpr std::int32_t kNukeButtonY = 296;
 
 constexpr std::uint32_t kSoundGapMs = 100;
-constexpr std::int32_t kMsPerSecond = 1000;
 
 /// Tick of the last explosion sound. Of the process: it goes on through all games.
 std::uint32_t lastExplosionSound = 0;

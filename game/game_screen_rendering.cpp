@@ -1,5 +1,6 @@
 /// The game screen's picture: the world and, over it, what the player has to know.
 #include "game/game_screen.h"
+
 #include "game/game_state.h"
 #include "platform/clock.h"
 #include "platform/text.h"
@@ -22,8 +23,8 @@ constexpr std::int32_t kSlotsLeft = 10;
 constexpr std::int32_t kClockCentre = 120;
 constexpr std::int32_t kMissileIcon = -2; ///< Both x and y.
 
-constexpr std::int32_t kMsPerSecond = 1000;
-constexpr std::int32_t kMsPerMinute = 60000;
+constexpr std::int32_t kSecondsPerMinute = 60;
+constexpr std::int32_t kMinutesPerHour = 60;
 
 } // namespace
 
@@ -69,11 +70,12 @@ void GameScreen::renderTexts(Surface &target) const
 void GameScreen::renderClock(Surface &target) const
 {
     char16_t text[platform::kMaxFormattedText];
-    const std::int32_t elapsed = state->elapsedMs;
+    const std::int32_t seconds = state->elapsedMs / kMsPerSecond;
     if (state->mode == GameMode::TimeAttack)
-        platform::wsprintfW(text, u"0:%d", (kTimeAttackMs / kMsPerSecond) - elapsed / kMsPerSecond);
+        platform::wsprintfW(text, u"0:%d", kTimeAttackMs / kMsPerSecond - seconds);
     else if (state->mode == GameMode::Survival)
-        platform::wsprintfW(text, u"%2.2d:%2.2d", elapsed / kMsPerMinute % 60, elapsed / kMsPerSecond % 60);
+        platform::wsprintfW(text, u"%2.2d:%2.2d", seconds / kSecondsPerMinute % kMinutesPerHour,
+                            seconds % kSecondsPerMinute);
     else
         return;
     target.drawText(state->font, text, kClockCentre, kTextY, TextAlign::AlignCentre);

@@ -29,6 +29,8 @@ enum class Difficulty : std::int32_t {
     Hard = 3,
 };
 
+constexpr std::int32_t kMsPerSecond = 1000;
+
 /// Milliseconds of game time that a time attack lasts.
 constexpr std::int32_t kTimeAttackMs = 20000;
 

@@ -11,13 +11,12 @@
 #include <png.h>
 #include <zlib.h>
 
+#include "fuzz/fuzzer.h"
 #include "graphics/animated_sprite.h"
 #include "graphics/bitmap_font.h"
 #include "graphics/image_loading.h"
 #include "platform/image_files.h"
 #include "platform/virtual/virtual_device.h"
-
-#include "fuzz/fuzzer.h"
 
 namespace
 {

@@ -1,18 +1,18 @@
 /// Bytes as a replay script: parsed, and, when they are one, the whole program run by it for a while.
+#include "tools/replay/script.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 #include <variant>
 
+#include "fuzz/fuzzer.h"
 #include "platform/virtual/virtual_device.h"
 #include "shell/event_bus.h"
 #include "shell/startup.h"
 #include "tools/replay/options.h"
 #include "tools/replay/recorder.h"
-#include "tools/replay/script.h"
-
-#include "fuzz/fuzzer.h"
 
 namespace
 {

@@ -1,9 +1,9 @@
+#include "graphics/surface.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <utility>
-
-#include "graphics/surface.h"
 
 // Built twice where that pays, for every processor and for those with wider registers; which of them runs is
 // found out when the program starts.

@@ -115,10 +115,13 @@ SDL_Surface *theirSurface(int width, int height)
     return SDL_CreateRGBSurfaceWithFormat(0, width, height, 16, SDL_PIXELFORMAT_RGB565);
 }
 
-void blitOurs(benchmark::State &state, Picture picture, bool keyed)
+/// How a picture is copied: all of it, or what is not the key, found pixel by pixel or beforehand.
+enum class Copying { Whole, Keyed, KeyedRunLengths };
+
+void blitOurs(benchmark::State &state, Picture picture, Copying copying)
 {
     Surface screen = ourScreen();
-    if (keyed)
+    if (copying != Copying::Whole)
         picture.surface.setColourKey(kMagenta);
     Places places(picture);
     for (auto _ : state) {
@@ -128,7 +131,7 @@ void blitOurs(benchmark::State &state, Picture picture, bool keyed)
     }
 }
 
-void blitTheirs(benchmark::State &state, const Picture &picture, bool keyed, bool runLengths)
+void blitTheirs(benchmark::State &state, const Picture &picture, Copying copying)
 {
     SDL_Surface *screen = theirSurface(kScreenWidth, kScreenHeight);
     SDL_Surface *source = theirSurface(picture.width, picture.height);
@@ -137,9 +140,9 @@ void blitTheirs(benchmark::State &state, const Picture &picture, bool keyed, boo
                     picture.surface.pixels() + y * picture.width,
                     static_cast<std::size_t>(picture.width) * sizeof(Pixel));
     SDL_SetSurfaceBlendMode(source, SDL_BLENDMODE_NONE);
-    if (keyed)
+    if (copying != Copying::Whole)
         SDL_SetColorKey(source, SDL_TRUE, kMagenta);
-    if (runLengths)
+    if (copying == Copying::KeyedRunLengths)
         SDL_SetSurfaceRLE(source, 1);
     Places places(picture);
     for (auto _ : state) {
@@ -189,9 +192,9 @@ void present(benchmark::State &state, bool raw)
 
 void addKeyed(const std::string &name, const Picture &picture)
 {
-    benchmark::RegisterBenchmark((name + "/ours").c_str(), blitOurs, picture, true);
-    benchmark::RegisterBenchmark((name + "/SDL2").c_str(), blitTheirs, picture, true, false);
-    benchmark::RegisterBenchmark((name + "/SDL2_RLE").c_str(), blitTheirs, picture, true, true);
+    benchmark::RegisterBenchmark((name + "/ours").c_str(), blitOurs, picture, Copying::Keyed);
+    benchmark::RegisterBenchmark((name + "/SDL2").c_str(), blitTheirs, picture, Copying::Keyed);
+    benchmark::RegisterBenchmark((name + "/SDL2_RLE").c_str(), blitTheirs, picture, Copying::KeyedRunLengths);
 }
 
 } // namespace
@@ -203,9 +206,9 @@ int main(int count, char **arguments)
     addKeyed("disc_32x32", disc(32));
     addKeyed("disc_64x64", disc(64));
     addKeyed("mask_240x320", randomMask());
-    benchmark::RegisterBenchmark("copy_240x320/ours", blitOurs, whole(), false);
-    benchmark::RegisterBenchmark("copy_240x320/SDL2", blitTheirs, whole(), false, false);
-    benchmark::RegisterBenchmark("copy_240x320/SDL2_keyed", blitTheirs, whole(), true, false);
+    benchmark::RegisterBenchmark("copy_240x320/ours", blitOurs, whole(), Copying::Whole);
+    benchmark::RegisterBenchmark("copy_240x320/SDL2", blitTheirs, whole(), Copying::Whole);
+    benchmark::RegisterBenchmark("copy_240x320/SDL2_keyed", blitTheirs, whole(), Copying::Keyed);
     benchmark::RegisterBenchmark("fill_240x320/ours", fillOurs);
     benchmark::RegisterBenchmark("fill_240x320/SDL2", fillTheirs);
     benchmark::RegisterBenchmark("present_240x320/ours", present, false);

@@ -27,6 +27,7 @@ struct GXDisplayProperties {
 /// Opens the display for a window. @return 0 on failure; `GetLastError` then says why.
 int GXOpenDisplay(HWND window, std::uint32_t flags);
 
+/// Gives the display back at the end. Harmless when it could not be opened.
 int GXCloseDisplay();
 
 /// Only meaningful while the display is open.

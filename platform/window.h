@@ -94,8 +94,10 @@ int GetSystemMetrics(int index);
 /// Shows or hides a window; a null window does nothing. @return whether it was visible before.
 BOOL ShowWindow(HWND window, int command);
 
+/// Moves and sizes a window, in pixels of the screen.
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 
+/// Lets a window draw at once what it owes.
 BOOL UpdateWindow(HWND window);
 
 /// A top-level window by class and title; a null title matches any. @return null when there is none.
@@ -113,6 +115,7 @@ HWND GetForegroundWindow();
 /// mode PM_REMOVE. @return 0 when no message waits.
 BOOL PeekMessageW(MSG *message, HWND window, std::uint32_t first, std::uint32_t last, std::uint32_t mode);
 
+/// Adds the message of the character that a key message types, where there is one. Nothing here needs them.
 BOOL TranslateMessage(const MSG *message);
 
 /// Hands a message to its window's procedure.

@@ -30,7 +30,7 @@ public:
     virtual void pointerDown(std::uint16_t, std::uint16_t) {}
 
     /// The screen becomes current; it may keep the application's address to switch screens or end the
-    /// program. May run before there is a window. Nobody uses the result.
+    /// program. May run before there is a window. The result does not matter to a switch of screens.
     virtual bool activate(Application *) { return true; }
 
     /// The screen stops being current.

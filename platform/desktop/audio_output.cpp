@@ -12,7 +12,7 @@ namespace
 constexpr std::chrono::seconds kSilenceBeforeClosing{5};
 constexpr std::chrono::seconds kPauseBetweenTries{5};
 
-/// Sample frames that the device takes at a time: 23 ms at 22 kHz.
+/// Sample frames that the device takes at a time: 12 ms at 44 kHz.
 constexpr std::uint16_t kBufferedSamples = 512;
 
 /// Instead of a page of complaints on the terminal where there is no sound card.

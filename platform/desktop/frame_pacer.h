@@ -16,7 +16,7 @@ public:
     void setRefreshRate(int rate);
 
     /// Waits until a period has passed since the last wait. After a frame that vertical sync seems to have
-    /// held there is nothing to wait for. Time lost in a long frame is not made up for.
+    /// held there is nothing to wait for. Of the time lost in a long frame a period at most is made up for.
     void wait(VerticalSync sync);
 
 private:

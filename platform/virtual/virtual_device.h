@@ -74,7 +74,6 @@ public:
     /// The pixel at the top left, from which the pitches count; after the first look at the display.
     std::byte *topLeft();
     std::vector<std::u16string> sounds; ///< Names of the sounds started, without their folder.
-    bool runningCopyRaised = false;     ///< The program brought the other copy to the front.
     bool recordCalls = false;           ///< Note the calls of window, display and buttons in `calls`.
     std::vector<std::string> calls;
 

@@ -106,7 +106,6 @@ HWND FindWindowW(const char16_t *className, const char16_t *title)
 BOOL SetForegroundWindow(HWND window)
 {
     note("SetForegroundWindow", window);
-    device().runningCopyRaised = withoutMark(window) == &otherCopyWindow;
     return 1;
 }
 

@@ -1,9 +1,9 @@
+#include "graphics/animated_sprite.h"
+
 #include <climits>
 
-#include "graphics/animated_sprite.h"
 #include "tests/support/device_test.h"
 #include "tests/support/letters.h"
-#include "tests/support/picture_files.h"
 
 namespace mygame::tests
 {
@@ -15,7 +15,7 @@ using AnimatedSpriteTest = DeviceTest;
 AnimatedSprite spriteOf(const std::string &letters, std::int32_t frameTimeMs)
 {
     AnimatedSprite sprite;
-    EXPECT_TRUE(sprite.load(DeviceTest::written("strip.png", pngOfLetters(letters)), frameTimeMs));
+    EXPECT_TRUE(sprite.load(DeviceTest::drawn("strip.png", letters), frameTimeMs));
     return sprite;
 }
 

@@ -1,7 +1,8 @@
+#include "shell/application.h"
+
 #include <functional>
 #include <vector>
 
-#include "shell/application.h"
 #include "tests/support/device_test.h"
 
 namespace mygame::tests

@@ -7,11 +7,9 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <png.h>
 
 #include "tests/game/replay_run.h"
 #include "tests/support/device_test.h"
-#include "tests/support/picture_files.h"
 
 namespace mygame::tests
 {
@@ -33,11 +31,11 @@ std::string randomBytes()
 
 Damaged ofSize(std::uint32_t width, std::uint32_t height, bool isPicture)
 {
-    const std::string whiteAndMagenta{'\xFF', '\xFF', '\xFF', '\xFF', '\0', '\xFF'};
-    return {std::to_string(width) + " x " + std::to_string(height),
-            png({PNG_COLOR_TYPE_PALETTE, 8, false, whiteAndMagenta}, width, height,
-                [](int x, int y) { return std::string(1, static_cast<char>((x + y) / 8 % 2)); }),
-            isPicture};
+    std::vector<Pixel> pixels(width * height);
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i] = i / 8 % 2 == 0 ? kWhite : kMagenta;
+    replay::writePicture("picture.png", pixels, width);
+    return {std::to_string(width) + " x " + std::to_string(height), readFile("picture.png"), isPicture};
 }
 
 std::vector<Damaged> allDamages(const std::string &good)

@@ -1,7 +1,7 @@
 #include "graphics/bitmap_font.h"
+
 #include "tests/support/device_test.h"
 #include "tests/support/letters.h"
-#include "tests/support/picture_files.h"
 
 namespace mygame::tests
 {
@@ -17,7 +17,7 @@ using BitmapFontTest = DeviceTest;
 BitmapFont fontOf(const char *letters, const std::u16string &characters)
 {
     BitmapFont font;
-    EXPECT_TRUE(font.load(DeviceTest::written("strip.png", pngOfLetters(letters)), characters));
+    EXPECT_TRUE(font.load(DeviceTest::drawn("strip.png", letters), characters));
     return font;
 }
 

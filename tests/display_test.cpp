@@ -1,6 +1,7 @@
+#include "shell/display.h"
+
 #include <cstring>
 
-#include "shell/display.h"
 #include "tests/support/device_test.h"
 
 namespace mygame::tests

@@ -1,8 +1,8 @@
+#include "shell/event_bus.h"
+
 #include <string>
 
 #include <gtest/gtest.h>
-
-#include "shell/event_bus.h"
 
 namespace mygame::tests
 {

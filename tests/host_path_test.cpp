@@ -1,6 +1,7 @@
+#include "platform/common/host_path.h"
+
 #include <gtest/gtest.h>
 
-#include "platform/common/host_path.h"
 #include "platform/common/program_path.h"
 
 namespace platform::common

@@ -1,13 +1,15 @@
+#include "graphics/image_loading.h"
+
+#include <map>
 #include <random>
 #include <sys/stat.h>
+#include <vector>
 
-#include <jpeglib.h>
-#include <png.h>
+#include <zlib.h>
 
-#include "graphics/image_loading.h"
 #include "tests/support/device_test.h"
 #include "tests/support/letters.h"
-#include "tests/support/picture_files.h"
+#include "tools/replay/picture_file.h"
 
 namespace mygame::tests
 {
@@ -35,88 +37,75 @@ Surface decoded(std::string_view bytes) { return loaded(DeviceTest::written("pic
 
 bool fails(const Surface &surface) { return surface.pixels() == nullptr; }
 
-constexpr int kSide = 9; // odd, and enough for every pass of an interlaced file
-constexpr int red(int x, int) { return x * 31; }
-constexpr int green(int, int y) { return y * 31; }
-constexpr int blue(int x, int y) { return 255 - x * 15 - y * 15; }
+const std::filesystem::path kPictures = PICTURES_FOLDER;
 
-/// Samples of 8 bits, or of 16 whose low half must not count.
-std::string samples(std::initializer_list<int> values, int bits)
+/// A file of tests/pictures.
+std::string sample(const std::string &name) { return readFile(kPictures / name); }
+
+/// Every sample of a kind of file, by its name, which begins with "grey" where there are no colours.
+std::map<std::string, std::string> samplesOf(const char *extension)
+{
+    std::map<std::string, std::string> samples;
+    for (const auto &file : std::filesystem::directory_iterator(kPictures / "kinds")) {
+        if (file.path().extension() == extension)
+            samples[file.path().filename()] = readFile(file.path());
+    }
+    return samples;
+}
+
+/// A number as it stands in a PNG.
+std::string bigEndian(std::uint32_t number)
 {
     std::string bytes;
-    for (const int value : values) {
-        bytes += static_cast<char>(value);
-        if (bits == 16)
-            bytes += static_cast<char>(~value);
-    }
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes += static_cast<char>(number >> shift);
     return bytes;
 }
 
-std::string gradient(int x, int y) { return samples({red(x, y), green(x, y), blue(x, y)}, 8); }
-std::string grey(int x, int y) { return samples({red(x, y)}, 8); }
+/// A PNG whose header gives another width or height, and is right otherwise.
+std::string withSide(std::string png, std::size_t offset, std::uint32_t side)
+{
+    constexpr std::size_t kHeader = 12, kChecksum = 29;
+    png.replace(offset, 4, bigEndian(side));
+    const auto *header = reinterpret_cast<const Bytef *>(png.data()) + kHeader;
+    return png.replace(kChecksum, 4,
+                       bigEndian(static_cast<std::uint32_t>(crc32(0, header, kChecksum - kHeader))));
+}
 
-const PngKind kColourPng{PNG_COLOR_TYPE_RGB, 8, false, ""};
-constexpr JpegKind kColourJpeg{3, JCS_RGB, JCS_YCbCr};
-constexpr JpegKind kProgressiveJpeg{3, JCS_RGB, JCS_YCbCr, true};
-constexpr JpegKind kGreyJpeg{1, JCS_GRAYSCALE, JCS_GRAYSCALE};
+constexpr std::size_t kPngWidth = 16, kPngHeight = 20; ///< Offsets.
 
 TEST_F(ImageLoading, ReadsEveryKindOfPng)
 {
-    std::string palette;
-    for (int i = 0; i < kSide * kSide; ++i)
-        palette += gradient(i % kSide, i / kSide);
-    for (const int type : {PNG_COLOR_TYPE_RGB, PNG_COLOR_TYPE_RGB_ALPHA, PNG_COLOR_TYPE_PALETTE,
-                           PNG_COLOR_TYPE_GRAY, PNG_COLOR_TYPE_GRAY_ALPHA}) {
-        for (const int form : {8, 16, -8, -16}) { // negative: interlaced
-            const bool indexed = type == PNG_COLOR_TYPE_PALETTE;
-            const int bits = indexed ? 8 : std::abs(form);
-            const auto samplesAt = [&](int x, int y) {
-                const std::string colour = samples({red(x, y), green(x, y), blue(x, y)}, bits);
-                if (indexed)
-                    return samples({x + y * kSide}, bits);
-                return (type & PNG_COLOR_MASK_COLOR ? colour : samples({red(x, y)}, bits)) +
-                       (type & PNG_COLOR_MASK_ALPHA ? samples({x * 20}, bits) : "");
-            };
-            const Surface surface =
-                decoded(png({type, bits, form < 0, indexed ? palette : ""}, kSide, kSide - 1, samplesAt));
-            ASSERT_EQ(surface.pixelCount(), kSide * (kSide - 1)) << "type " << type << ", form " << form;
-            for (int i = 0; i < surface.pixelCount(); ++i) {
-                const int x = i % kSide, y = i / kSide;
-                EXPECT_EQ(surface.pixels()[i], type & PNG_COLOR_MASK_COLOR
-                                                   ? packColour(red(x, y), green(x, y), blue(x, y))
-                                                   : packColour(red(x, y), red(x, y), red(x, y)))
-                    << "type " << type << ", form " << form << ", pixel " << i;
-            }
+    // 8 and 16 bits, with and without alpha, palettes, interlaced or not: all are 9 x 8 and the same
+    // gradients.
+    const auto files = samplesOf(".png");
+    EXPECT_EQ(files.size(), 18u);
+    for (const auto &[name, bytes] : files) {
+        SCOPED_TRACE(name);
+        const Surface surface = decoded(bytes);
+        ASSERT_EQ(surface.pixelCount(), 9 * 8);
+        for (std::int32_t i = 0; i < surface.pixelCount(); ++i) {
+            const int red = i % 9 * 31, green = i / 9 * 31, blue = 255 - i % 9 * 15 - i / 9 * 15;
+            const bool grey = name.starts_with("grey");
+            EXPECT_EQ(surface.pixels()[i], grey ? packColour(red, red, red) : packColour(red, green, blue))
+                << i;
         }
     }
 }
 
 TEST_F(ImageLoading, ReadsEveryKindOfJpeg)
 {
-    // Two colours, as such, as inks, and as what inverted inks leave; black ink takes a fifth of the light.
-    const std::string colours[] = {"\xCC\x66\x04", "\x04\x66\xCC"}, greys[] = {"\x84", "\x44"};
-    const std::string inks[] = {{"\x00\x7F\xFA\x33", 4}, {"\xFA\x7F\x00\x33", 4}};
-    const std::string light[] = {{"\xFF\x80\x05\xCC", 4}, {"\x05\x80\xFF\xCC", 4}};
-    constexpr Pixel kColours[] = {packColour(204, 102, 4), packColour(4, 102, 204)};
-    constexpr Pixel kGreys[] = {packColour(0x84, 0x84, 0x84), packColour(0x44, 0x44, 0x44)};
-    const struct {
-        JpegKind kind;
-        const std::string *samples;
-        const Pixel *pixels;
-    } files[] = {{kColourJpeg, colours, kColours},
-                 {kProgressiveJpeg, colours, kColours},
-                 {{3, JCS_RGB, JCS_RGB, false, true}, colours, kColours},
-                 {kGreyJpeg, greys, kGreys},
-                 {{4, JCS_CMYK, JCS_CMYK}, inks, kColours},
-                 {{4, JCS_CMYK, JCS_CMYK, false, true}, light, kColours},
-                 {{4, JCS_CMYK, JCS_YCCK, true, true}, light, kColours}};
-    for (const auto &file : files) {
-        SCOPED_TRACE(&file - files);
-        const Surface surface =
-            decoded(jpeg(file.kind, 32, 32, [&file](int, int y) { return file.samples[y / 16]; }));
+    // Progressive or not; colours as such, as inks, and as what inverted inks leave: all have the same
+    // halves.
+    const auto files = samplesOf(".jpg");
+    EXPECT_EQ(files.size(), 7u);
+    for (const auto &[name, bytes] : files) {
+        SCOPED_TRACE(name);
+        const Surface surface = decoded(bytes);
         ASSERT_EQ(surface.pixelCount(), 32 * 32);
-        EXPECT_EQ(surface.pixelAt(4, 4), file.pixels[0]);
-        EXPECT_EQ(surface.pixelAt(28, 28), file.pixels[1]);
+        const bool grey = name.starts_with("grey");
+        EXPECT_EQ(surface.pixelAt(4, 4), grey ? packColour(0x84, 0x84, 0x84) : packColour(204, 102, 4));
+        EXPECT_EQ(surface.pixelAt(28, 28), grey ? packColour(0x44, 0x44, 0x44) : packColour(4, 102, 204));
     }
 }
 
@@ -139,9 +128,8 @@ TEST_F(ImageLoading, RefusesWhatIsNoPicture)
 
 TEST_F(ImageLoading, RefusesAPictureCutShortAndSurvivesDamage)
 {
-    for (const std::string &whole :
-         {png(kColourPng, kSide, kSide, gradient), jpeg(kColourJpeg, kSide, kSide, gradient),
-          jpeg(kProgressiveJpeg, kSide, kSide, gradient), jpeg(kGreyJpeg, kSide, kSide, grey)}) {
+    for (const char *name : {"colour-8.png", "colour.jpg", "colour-progressive.jpg", "grey.jpg"}) {
+        const std::string whole = sample(std::string("kinds/") + name);
         EXPECT_FALSE(fails(decoded(whole)));
         for (std::size_t cut = 1; cut <= whole.size(); cut += 1 + cut / 16)
             EXPECT_TRUE(fails(decoded(whole.substr(0, whole.size() - cut)))) << cut << " bytes missing";
@@ -155,16 +143,17 @@ TEST_F(ImageLoading, RefusesAPictureCutShortAndSurvivesDamage)
 
 TEST_F(ImageLoading, AcceptsSidesFrom1To4096ThatTheFileHolds)
 {
-    EXPECT_EQ(decoded(png(kColourPng, 4096, 1, gradient)).width(), 4096);
-    EXPECT_EQ(decoded(jpeg(kGreyJpeg, 1, 4096, grey)).height(), 4096);
-    for (const std::uint32_t side : {0u, 4097u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
-        EXPECT_TRUE(fails(decoded(png(kColourPng, side, 1, gradient)))) << side;
-        EXPECT_TRUE(fails(decoded(png(kColourPng, 1, side, gradient)))) << side;
+    replay::writePicture("wide.png", std::vector<Pixel>(4096), 4096);
+    EXPECT_EQ(decoded(readFile("wide.png")).width(), 4096);
+    EXPECT_EQ(decoded(sample("1x4096.jpg")).height(), 4096);
+    EXPECT_TRUE(fails(decoded(sample("4097x1.jpg"))));
+    const std::string png = sample("kinds/colour-8.png");
+    EXPECT_EQ(decoded(withSide(png, kPngHeight, 8)).height(), 8);
+    for (const std::uint32_t side : {0u, 9u, 4097u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        EXPECT_TRUE(side == 9 || fails(decoded(withSide(png, kPngWidth, side)))) << side;
+        EXPECT_TRUE(fails(decoded(withSide(png, kPngHeight, side)))) << side;
     }
-    const auto lastRowMissing = [](int x, int y) { return y < kSide - 1 ? gradient(x, y) : ""; };
-    EXPECT_TRUE(fails(decoded(png(kColourPng, kSide, kSide, lastRowMissing))));
-    EXPECT_TRUE(fails(decoded(jpeg(kGreyJpeg, 4097, 1, grey))));
-    std::string lying = jpeg(kGreyJpeg, kSide, kSide, grey);
+    std::string lying = sample("kinds/grey.jpg");
     for (const char *lie : {"\x00\x00", "\x0F\xFF", "\xFF\xFF"})
         EXPECT_TRUE(fails(decoded(lying.replace(lying.find("\xFF\xC0") + 5, 2, lie, 2))));
 }

@@ -10,6 +10,8 @@
 #include "platform/virtual/virtual_device.h"
 #include "shell/log.h"
 #include "tests/support/files.h"
+#include "tests/support/letters.h"
+#include "tools/replay/picture_file.h"
 
 namespace mygame::tests
 {
@@ -38,6 +40,15 @@ struct DeviceTest : testing::Test {
     {
         writeFile(name, bytes);
         return u"\\device\\" + std::u16string(name.begin(), name.end());
+    }
+
+    /// The same for a picture, given by its letters.
+    static std::u16string drawn(const std::string &name, std::string_view letters)
+    {
+        const Surface surface = surfaceOf(letters);
+        replay::writePicture(name, {surface.pixels(), static_cast<std::size_t>(surface.pixelCount())},
+                             static_cast<std::uint32_t>(surface.width()));
+        return written(name, readFile(name));
     }
 
     static std::string logged()

@@ -61,47 +61,5 @@ TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)
     EXPECT_TRUE(state.explosions.empty());
 }
 
-TEST_F(ScreensTest, ShowTheTime)
-{
-    constexpr struct {
-        GameMode mode;
-        std::int32_t elapsedMs;
-        const char16_t *clock;
-    } kClocks[] = {{GameMode::TimeAttack, 0, u"0:20"},
-                   {GameMode::TimeAttack, 12500, u"0:8"},
-                   {GameMode::Survival, 59999, u"00:59"},
-                   {GameMode::Survival, 3725000, u"02:05"}};
-    play(GameMode::Campaign);
-    for (const auto &[mode, elapsedMs, clock] : kClocks) {
-        state.mode = GameMode::Campaign;
-        Surface expected = picture();
-        expected.drawText(state.font, clock, 120, 0, TextAlign::AlignCentre);
-        state.mode = mode;
-        state.elapsedMs = elapsedMs;
-        EXPECT_EQ(difference(picture(), expected), "") << elapsedMs;
-    }
-}
-
-TEST_F(ScreensTest, TellTheResultOfAGame)
-{
-    constexpr struct {
-        GameMode mode;
-        const char16_t *message;
-    } kResults[] = {{GameMode::TimeAttack, u"Asteroids destroyed: 7"},
-                    {GameMode::Survival, u"You survived for 95 seconds"},
-                    {GameMode::Campaign, u"You have saved the Earth"}};
-    for (const auto &[mode, message] : kResults) {
-        play(mode);
-        state.asteroidsDestroyed = 7;
-        state.elapsedMs = 95800;
-        EventBus::instance().post<GameEndedEvent>();
-        EventBus::instance().dispatchAll();
-        EXPECT_TRUE(isCurrent("MESSAGE"));
-        const Surface shown = picture();
-        state.messageScreen.setMessage(message, nullptr);
-        EXPECT_EQ(difference(shown, picture()), "");
-    }
-}
-
 } // namespace
 } // namespace mygame::tests

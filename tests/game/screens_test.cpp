@@ -1,3 +1,6 @@
+#include <cstdlib>
+#include <iterator>
+#include <set>
 #include <vector>
 
 #include "game/events.h"
@@ -41,6 +44,30 @@ TEST_F(ScreensTest, StartOneSoundInMoreThan100Ms)
     EXPECT_EQ(soundsOf(1), once);
     state.soundOn = 0;
     EXPECT_EQ(soundsOf(500), none);
+}
+
+TEST_F(ScreensTest, TurnEachKindOfAsteroidAtItsOwnPace)
+{
+    constexpr std::uint32_t kFrameTimes[] = {200, 220, 240, 180};
+    play(GameMode::Campaign);
+    std::set<int> kinds;
+    for (unsigned seed = 1; kinds.size() < std::size(kFrameTimes); ++seed) {
+        std::srand(seed);
+        const int kind = std::rand() % 4;
+        kinds.insert(kind);
+        std::srand(seed);
+        hang(1, 100, 100);
+        EventBus::instance().post<AsteroidSpawnedEvent>(1);
+        frame(7);
+        const AnimatedSprite &sprite = state.asteroids[1].sprite;
+        frame(kFrameTimes[kind] - 1);
+        EXPECT_EQ(sprite.currentFrame(), 0) << kind;
+        frame(1);
+        EXPECT_EQ(sprite.currentFrame(), 1) << kind;
+        frame(kFrameTimes[kind] * static_cast<std::uint32_t>(sprite.frameCount() - 1));
+        frame(kFrameTimes[kind]);
+        EXPECT_EQ(sprite.currentFrame(), 1) << kind << ", over and over";
+    }
 }
 
 TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)

@@ -7,16 +7,6 @@ set -eu
 programs=$(cd "$1" && pwd)
 . "$(dirname "$0")/support/display.sh"
 
-# start FOLDER: the game with that current folder; sets $game when its window is there.
-start()
-{
-    (cd "$1" && exec "$programs/mygame") &
-    game=$!
-    wait_for "the window" find_window
-}
-
-ended() { ! kill -0 "$1" 2> /dev/null; }
-
 # ends_well WHAT [LOG]: the game ends by itself, and its log is whole.
 ends_well()
 {
@@ -25,39 +15,6 @@ ends_well()
     wait "$game" || result=$?
     [ $result -eq 0 ] || fail "$1: exit code $result"
     [ -z "${2:-}" ] || [ "$(tail -n 1 "$2")" = "Main loop stopped" ] || fail "$1: the log: $(cat "$2")"
-}
-
-# What the still screens on the way into a game look like.
-draw_menus()
-{
-    cat > "$work/menus.txt" << SCRIPT
-at 400 snapshot top
-at 500 release 120 130
-at 1200 snapshot modes
-at 1200 release 120 185
-at 1900 snapshot difficulties
-at 1900 quit
-SCRIPT
-    (cd "$work" && "$programs/replay" menus.txt --snapshots "$menus")
-}
-
-# A time attack: there is always something that moves.
-start_game()
-{
-    wait_for "the main menu" shows "$menus/top.png"
-    tap 120 130
-    wait_for "the modes" shows "$menus/modes.png"
-    tap 120 185
-    wait_for "the difficulties" shows "$menus/difficulties.png"
-    tap 120 125
-    wait_for "the game" left_menu
-    moves || fail "nothing moves in the game"
-}
-
-left_menu()
-{
-    picture "$work/now.png"
-    ! same "$work/now.png" "$menus/difficulties.png"
 }
 
 # Missiles that explode nearby, and soon.
@@ -180,7 +137,6 @@ begin()
 {
     start_display
     server=$(jobs -p | tail -n 1)
-    menus=$work/menus
     draw_menus
 }
 
@@ -192,8 +148,6 @@ lose_display()
     ends_well "when the display went $1" "${@:2}"
     rm -rf "$work"
 }
-
-stands_still() { ! moves; }
 
 test_loss_of_display()
 {
@@ -211,9 +165,7 @@ test_loss_of_display()
     lose_display "in the background" "$work/game/log.txt"
 
     begin
-    openbox > /dev/null 2>&1 &
-    local manager=$!
-    wait_for "the window manager" has_window_manager
+    start_window_manager
     kill -STOP $manager # Now nobody shows the window, for which the game waits.
     (cd "$work" && exec "$programs/mygame") &
     game=$!

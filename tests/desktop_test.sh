@@ -21,12 +21,14 @@ expect()
 # equal WHAT EXPECTED ACTUAL
 equal() { [ "$2" = "$3" ] || fail "$1: expected '$2', got '$3'"; }
 
-# colours PLACE...: what the display shows at places written "x,y", each followed by a space.
+# colours PLACE...: what the display shows at places written "x,y", each followed by a space. Of 16 or 10 bits
+# 8 are left, which are cut off, not rounded: a little more makes up for that.
 colours()
 {
     local places
     places=$(printf '%%[hex:p{%s}] ' "$@")
-    import -silent -window root "$work/shot.png" && convert "$work/shot.png" -format "$places" info:
+    import -silent -window root "$work/shot.png" &&
+        convert "$work/shot.png" -evaluate add 64 -depth 8 -format "$places" info:
 }
 
 shows_colours() { [ "$(colours "${@:2}")" = "$1 " ]; }
@@ -75,15 +77,6 @@ test_stylus()
 
     xdotool mousemove 580 500 mousedown 1 mousemove 640 500 mousemove 1279 1023 mousemove 0 0 mouseup 1
     expect "drag out of the window" "down 100 156" "move 120 156" "move 239 319" "move 0 0" "up 0 0"
-
-    xdotool mousemove 580 500 mousedown 3 mouseup 3 mousedown 1
-    expect "press before the keyboard goes" "down 100 156"
-    xdotool windowfocus $no_window
-    expect "release when the keyboard goes" "up 100 156"
-    xdotool mouseup 1
-    click 600 600
-    xdotool windowfocus "$window"
-    expect_nothing_else "clicks in the background"
 }
 
 test_buttons()
@@ -161,11 +154,6 @@ test_ends()
     kill -INT "$demo"
     await_end "after SIGINT in the background"
     equal "exit code after SIGINT in the background" 0 "$result"
-
-    start_demo
-    { kill -KILL "$demo"; wait "$demo" || true; } 2> /dev/null
-    exec 4<&-
-    start_demo
 }
 
 # In a folder that an ordinary path could not name.
@@ -175,7 +163,6 @@ test_paths()
     place="$work/$(printf 'a b \xc3\xbc \xff')/$(printf 'x%.0s' {1..200})/$(printf 'y%.0s' {1..200})"
     mkdir -p "$place"
     cp -r "$programs/desktop_demo" "$programs/demo" "$place"
-    stop_demo
     start_demo "$place/desktop_demo"
     equal "messages when started from a strange folder" "" "$(cat "$work/errors")"
 }
@@ -206,8 +193,7 @@ test_sound()
 
 test_window_manager()
 {
-    openbox > /dev/null 2>&1 &
-    wait_for "the window manager" has_window_manager
+    start_window_manager
     start_demo
     wait_for "keyboard at the start" has_focus
     test_full_screen F11
@@ -215,24 +201,17 @@ test_window_manager()
 
     xdotool windowminimize "$window"
     wait_for "minimised window without keyboard" has_no_focus
-    timeout $patience "$programs/desktop_demo" > second 2>&1 || fail "a second copy ended with exit code $?"
-    equal "output of a second copy" "" "$(cat second)"
+    timeout $patience "$programs/desktop_demo" || fail "a second copy ended with exit code $?"
     wait_for "keyboard for the first copy" has_focus
     xdotool key alt+F4
     await_end "after the close button"
     equal "exit code after the close button" 0 "$result"
 }
 
-# What belongs to a display that is gone cannot be freed any more.
-test_end_of_session()
-{
-    ASAN_OPTIONS=${ASAN_OPTIONS:-}:detect_leaks=0 start_demo
-    kill "$(jobs -p | head -1)" # the X server
-    await_end "without its display"
-    equal "exit code without a display" 0 "$result"
-    equal "log's last line without a display" "Main loop stopped" "$(tail -1 log.txt)"
-}
-
+# Displays of fewer and of more colours than the screen's.
+for depth in 16 30; do
+    (DEPTH=$depth start_display; cd "$work"; test_picture)
+done
 start_display
 cd "$work"
 test_picture
@@ -246,4 +225,3 @@ test_ends
 test_paths
 test_sound
 test_window_manager
-test_end_of_session

@@ -9,20 +9,7 @@ programs=$(cd "$1" && pwd)
 start_display
 cd "$work"
 
-# What the still screens look like.
-cat > screens.txt <<'SCRIPT'
-at 400 snapshot top
-at 500 release 120 130
-at 1200 snapshot modes
-at 1200 release 120 185
-at 1900 snapshot difficulties
-at 1900 release 120 125
-at 3000 touch 220 300
-at 3500 touch 120 175
-at 4300 snapshot resumable
-at 4400 quit
-SCRIPT
-"$programs/replay" screens.txt --snapshots expected
+draw_menus
 
 mkdir first second
 expected_log="InitOpening display...
@@ -35,51 +22,32 @@ Standard display
 Main loop stopped"
 
 # expect_end HOW: the program ends by itself, cleanly.
-ended() { ! kill -0 $game 2> /dev/null; }
 expect_end()
 {
-    wait_for "the program to end after $1" ended
-    wait $game || fail "the program ended after $1 with exit code $?"
+    wait_for "the program to end after $1" ended "$game"
+    wait "$game" || fail "the program ended after $1 with exit code $?"
     [ "$(cat first/log.txt)" = "$expected_log" ] || fail "the log after $1: $(cat first/log.txt)"
 }
 
-start_game()
-{
-    (cd first && exec "$programs/mygame") &
-    game=$!
-    wait_for "the window" find_window
-    wait_for "the main menu" shows expected/top.png
-}
-start_game
-
+start first
 is_as_wide_as() { find_window && [ "$WIDTH" = "$1" ]; }
 xdotool key F11
 wait_for "full screen" is_as_wide_as 1280
-wait_for "the main menu in full screen" shows expected/top.png
+wait_for "the main menu in full screen" shows "$menus/top.png"
 xdotool key alt+Return
 wait_for "the window after full screen" is_as_wide_as 720
-wait_for "the main menu after full screen" shows expected/top.png
-
-tap 120 130
-wait_for "the modes after a tap on \"New game\"" shows expected/modes.png
-tap 120 185
-wait_for "the difficulties after a tap on \"Time attack\"" shows expected/difficulties.png
-tap 120 125
-
-in_game() { picture now.png && ! same now.png expected/difficulties.png && moves; }
-wait_for "a moving game after a tap on \"Easy\"" in_game
+start_game
 for x in 60 120 180; do
     tap $x 120
     sleep 0.4
 done
 xdotool key shift Tab a ctrl+Escape
-wait_for "the game to go on after keys that are not the game's" moves
+wait_for "the game to go on after keys that are not the game's" in_game
 
 tap 225 305
-stands_still() { ! moves; }
 wait_for "the game to stand still under its menu" stands_still
 tap 120 175
-wait_for "the main menu with \"Resume\"" shows expected/resumable.png
+wait_for "the main menu with \"Resume\"" shows "$menus/resumable.png"
 (cd second && timeout 20 "$programs/mygame") || fail "the second copy ended with exit code $?"
 [ "$(cat second/log.txt)" = "InitInit Failed" ] || fail "the second copy's log: $(cat second/log.txt)"
 kill -0 $game || fail "the first copy has ended"
@@ -93,16 +61,17 @@ wait_for "another window" other_window
 xdotool windowfocus --sync "$other"
 wait_for "the game to stand still in the background" stands_still
 xdotool windowfocus --sync "$window" windowraise "$window"
-wait_for "the game to go on in the foreground" moves
+wait_for "the game to go on in the foreground" in_game
 
 tap 225 305
 wait_for "the game to stand still under its menu again" stands_still
 tap 120 175
-wait_for "the main menu with \"Resume\" again" shows expected/resumable.png
+wait_for "the main menu with \"Resume\" again" shows "$menus/resumable.png"
 tap 120 205
 expect_end "\"Exit\""
 
-start_game
+start first
+wait_for "the main menu after another start" shows "$menus/top.png"
 xdotool key Escape
 expect_end "a key in the main menu"
 echo "a game was played, left, resumed and ended"

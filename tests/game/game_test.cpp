@@ -1,6 +1,5 @@
 #include "tests/game/game_test.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "game/events.h"
@@ -60,17 +59,6 @@ World &world()
 
 } // namespace
 
-std::string difference(const Surface &actual, const Surface &expected)
-{
-    const Pixel *end = actual.pixels() + actual.pixelCount();
-    const auto [pixel, wanted] = std::mismatch(actual.pixels(), end, expected.pixels());
-    if (pixel == end)
-        return "";
-    const auto i = pixel - actual.pixels();
-    return "(" + std::to_string(i % 240) + ", " + std::to_string(i / 240) + ") is " + std::to_string(*pixel) +
-           ", expected " + std::to_string(*wanted);
-}
-
 GameTest::GameTest()
     : device(freshDevice()), application(world().program.application()),
       state(const_cast<GameState &>(world().program.state())) // tests set scenes up
@@ -101,14 +89,6 @@ std::string GameTest::frame(std::uint32_t afterMs)
     device.advance(afterMs);
     application.update(device.tick());
     return std::exchange(world().story.text, "");
-}
-
-Surface GameTest::picture() const
-{
-    Surface target;
-    target.create(240, 320);
-    application.currentScreen()->render(target);
-    return target;
 }
 
 } // namespace mygame::tests

@@ -13,9 +13,6 @@
 namespace mygame::tests
 {
 
-/// Names the first pixel in which two pictures differ; empty when they are the same.
-std::string difference(const Surface &actual, const Surface &expected);
-
 /// The program's pictures without those that cover the whole screen: a screen is black but for what it draws
 /// itself.
 class GameTest : public testing::Test
@@ -52,9 +49,6 @@ protected:
     {
         return application.currentScreen() == application.findScreen(screen);
     }
-
-    /// What the current screen draws on black.
-    Surface picture() const;
 
     platform::VirtualDevice &device;
     Application &application;

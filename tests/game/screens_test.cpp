@@ -1,3 +1,6 @@
+#include <cstdlib>
+#include <iterator>
+#include <set>
 #include <vector>
 
 #include "game/events.h"
@@ -43,6 +46,30 @@ TEST_F(ScreensTest, StartOneSoundInMoreThan100Ms)
     EXPECT_EQ(soundsOf(500), none);
 }
 
+TEST_F(ScreensTest, TurnEachKindOfAsteroidAtItsOwnPace)
+{
+    constexpr std::uint32_t kFrameTimes[] = {200, 220, 240, 180};
+    play(GameMode::Campaign);
+    std::set<int> kinds;
+    for (unsigned seed = 1; kinds.size() < std::size(kFrameTimes); ++seed) {
+        std::srand(seed);
+        const int kind = std::rand() % 4;
+        kinds.insert(kind);
+        std::srand(seed);
+        hang(1, 100, 100);
+        EventBus::instance().post<AsteroidSpawnedEvent>(1);
+        frame(7);
+        const AnimatedSprite &sprite = state.asteroids[1].sprite;
+        frame(kFrameTimes[kind] - 1);
+        EXPECT_EQ(sprite.currentFrame(), 0) << kind;
+        frame(1);
+        EXPECT_EQ(sprite.currentFrame(), 1) << kind;
+        frame(kFrameTimes[kind] * static_cast<std::uint32_t>(sprite.frameCount() - 1));
+        frame(kFrameTimes[kind]);
+        EXPECT_EQ(sprite.currentFrame(), 1) << kind << ", over and over";
+    }
+}
+
 TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)
 {
     play(GameMode::TimeAttack);
@@ -59,48 +86,6 @@ TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)
     application.setScreen("GAME");
     EXPECT_EQ(frame(), "finished, resume, tick") << "the ended game's update went on";
     EXPECT_TRUE(state.explosions.empty());
-}
-
-TEST_F(ScreensTest, ShowTheTime)
-{
-    constexpr struct {
-        GameMode mode;
-        std::int32_t elapsedMs;
-        const char16_t *clock;
-    } kClocks[] = {{GameMode::TimeAttack, 0, u"0:20"},
-                   {GameMode::TimeAttack, 12500, u"0:8"},
-                   {GameMode::Survival, 59999, u"00:59"},
-                   {GameMode::Survival, 3725000, u"02:05"}};
-    play(GameMode::Campaign);
-    for (const auto &[mode, elapsedMs, clock] : kClocks) {
-        state.mode = GameMode::Campaign;
-        Surface expected = picture();
-        expected.drawText(state.font, clock, 120, 0, TextAlign::AlignCentre);
-        state.mode = mode;
-        state.elapsedMs = elapsedMs;
-        EXPECT_EQ(difference(picture(), expected), "") << elapsedMs;
-    }
-}
-
-TEST_F(ScreensTest, TellTheResultOfAGame)
-{
-    constexpr struct {
-        GameMode mode;
-        const char16_t *message;
-    } kResults[] = {{GameMode::TimeAttack, u"Asteroids destroyed: 7"},
-                    {GameMode::Survival, u"You survived for 95 seconds"},
-                    {GameMode::Campaign, u"You have saved the Earth"}};
-    for (const auto &[mode, message] : kResults) {
-        play(mode);
-        state.asteroidsDestroyed = 7;
-        state.elapsedMs = 95800;
-        EventBus::instance().post<GameEndedEvent>();
-        EventBus::instance().dispatchAll();
-        EXPECT_TRUE(isCurrent("MESSAGE"));
-        const Surface shown = picture();
-        state.messageScreen.setMessage(message, nullptr);
-        EXPECT_EQ(difference(shown, picture()), "");
-    }
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-# For tests on a real display: a display server of their own, bounded waiting, pictures. To be sourced by bash.
-# After `start_display` there is $work, a folder that goes with the test, and DISPLAY.
+# For tests on a real display: a display server of their own, bounded waiting, pictures, the way into a game.
+# To be sourced by bash. After `start_display` there is $work, a folder that goes with the test, and DISPLAY.
 
 started_in=$PWD
 
@@ -18,13 +18,13 @@ fail()
     exit 1
 }
 
-# A display of 1280 x 1024 on which the picture of 240 x 320 has room three times enlarged.
-# It does not start afresh when its last program ends: that would cut off the next one.
+# A display of 1280 x 1024, $DEPTH or 24 bits deep, on which the picture of 240 x 320 has room three times
+# enlarged. It does not start afresh when its last program ends: that would cut off the next one.
 start_display()
 {
     work=$(mktemp -d)
     mkfifo "$work/number"
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -noreset -nolisten tcp 3> "$work/number" 2> "$work/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 "1280x1024x${DEPTH:-24}" -noreset -nolisten tcp 3> "$work/number" 2> "$work/xvfb.log" &
     local server=$!
     trap 'kill $(jobs -p) 2> /dev/null || true; wait 2> /dev/null; rm -rf "$work"' EXIT
     read -r -t 20 number < "$work/number" || fail "no display server: $(cat "$work/xvfb.log")"
@@ -55,7 +55,13 @@ find_window()
     [ -n "$window" ] && eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
 }
 
-has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
+# Sets $manager. It announces itself before it looks after windows; what it starts comes when it does.
+start_window_manager()
+{
+    openbox --startup "touch $work/managed" > /dev/null 2>&1 &
+    manager=$!
+    wait_for "the window manager" test -e "$work/managed"
+}
 
 # Window pixels for a screen pixel.
 scale() { echo $((WIDTH / 240 < HEIGHT / 320 ? WIDTH / 240 : HEIGHT / 320)); }
@@ -98,10 +104,58 @@ shows()
     same "$work/now.png" "$@"
 }
 
-# moves: whether the window shows something else after a while.
+# moves [GEOMETRY]: whether the window, or a part of it, shows something else after a while.
 moves()
 {
     picture "$work/before.png"
     sleep 0.3
-    ! shows "$work/before.png"
+    ! shows "$work/before.png" "$@"
+}
+
+stands_still() { ! moves; }
+
+# ended PROCESS
+ended() { ! kill -0 "$1" 2> /dev/null; }
+
+# Draws what stands still on the way into a game and back into $menus, on the virtual device.
+draw_menus()
+{
+    menus=$work/menus
+    cat > "$work/menus.txt" << SCRIPT
+at 400 snapshot top
+at 500 release 120 130
+at 1200 snapshot modes
+at 1200 release 120 185
+at 1900 snapshot difficulties
+at 1900 release 120 125
+at 2900 snapshot game
+at 3000 touch 220 300
+at 3500 touch 120 175
+at 4300 snapshot resumable
+at 4400 quit
+SCRIPT
+    (cd "$work" && "$programs/replay" menus.txt --snapshots "$menus")
+}
+
+# start FOLDER: the game with that current folder; sets $game when its window is there.
+start()
+{
+    (cd "$1" && exec "$programs/mygame") &
+    game=$!
+    wait_for "the window" find_window
+}
+
+# By the menu button, which no other screen has, and the satellite: asteroids turn in a paused game, too.
+in_game() { shows "$menus/game.png" 30x30+210+290 && moves 60x20+90+290; }
+
+# From the main menu into a time attack: there is always something that moves.
+start_game()
+{
+    wait_for "the main menu" shows "$menus/top.png"
+    tap 120 130
+    wait_for "the modes after a tap on \"New game\"" shows "$menus/modes.png"
+    tap 120 185
+    wait_for "the difficulties after a tap on \"Time attack\"" shows "$menus/difficulties.png"
+    tap 120 125
+    wait_for "a moving game after a tap on \"Easy\"" in_game
 }

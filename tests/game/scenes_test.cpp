@@ -1,0 +1,190 @@
+/// Every scene in the table below must look like tests/scenes/NAME.png. One that does not is written into the
+/// current folder, as NAME.actual.png. With ACCEPT_SCENES=1 in the environment the pictures in tests/scenes
+/// are made anew from what is drawn, to be looked at before they are committed.
+#include <cstdlib>
+#include <filesystem>
+#include <ostream>
+#include <string>
+#include <utility>
+
+#include "game/events.h"
+#include "graphics/image_loading.h"
+#include "tests/game/game_test.h"
+#include "tools/replay/picture_file.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+class Scenes;
+
+struct Scene {
+    const char *name;
+    void (*set)(Scenes &scenes);
+};
+
+std::ostream &operator<<(std::ostream &out, const Scene &scene) { return out << scene.name; }
+
+class Scenes : public GameTest, public testing::WithParamInterface<Scene>
+{
+public:
+    /// The main menu of a game that can be resumed, so many milliseconds after it came.
+    void mainMenu(std::uint32_t ms)
+    {
+        state.mode = GameMode::Survival;
+        state.player.health = 1;
+        application.setScreen("MAIN_MENU");
+        frame(ms);
+    }
+
+    /// A game in which things overlap, 210 ms after its start.
+    void game(GameMode mode, std::int32_t health, std::int32_t money, std::int32_t slots)
+    {
+        constexpr std::int32_t kAsteroids[][2] = {{60, 90},  {225, 12},  {4, 14},
+                                                  {120, 14}, {230, 284}, {150, 150}};
+        play(mode);
+        std::srand(2); // Each of the four looks comes up.
+        state.asteroids.clear();
+        for (std::int32_t id = 1; const auto &[x, y] : kAsteroids) {
+            hang(id, x, y);
+            EventBus::instance().post<AsteroidSpawnedEvent>(id++);
+        }
+        aim(9, 72, 90);
+        aim(10, 30, 200); // has no look yet
+        EventBus::instance().post<MissileLaunchedEvent>(9);
+        for (const auto &[x, y] : {std::pair{98, 100}, {130, 285}, {20, 280}})
+            EventBus::instance().post<MissileDetonatedEvent>(0, x, y);
+        frame();
+        frame(210);
+        state.player.health = health;
+        state.player.money = money;
+        state.player.missileSlots = slots;
+    }
+
+    /// The shop's item below a tap.
+    void shop(std::uint16_t x, std::uint16_t y)
+    {
+        state.player.money = 2700;
+        application.setScreen("SHOP");
+        tap(x, y);
+    }
+
+    /// What follows the end of a game.
+    void end(GameMode mode, std::int32_t health)
+    {
+        play(mode);
+        state.asteroids.clear();
+        state.player.health = health;
+        state.asteroidsDestroyed = 7;
+        state.elapsedMs = 95800;
+        EventBus::instance().post<GameEndedEvent>();
+        EventBus::instance().dispatchAll();
+    }
+
+    /// What the current screen draws on black.
+    Surface picture() const
+    {
+        Surface target;
+        target.create(240, 320);
+        application.currentScreen()->render(target);
+        return target;
+    }
+
+    using GameTest::application, GameTest::frame, GameTest::state, GameTest::tap;
+};
+
+constexpr Scene kScenes[] = {
+    {"main_menu_coming", [](Scenes &scenes) { scenes.mainMenu(150); }},
+    {"main_menu", [](Scenes &scenes) { scenes.mainMenu(300); }},
+    {"survival",
+     [](Scenes &scenes) {
+         scenes.game(GameMode::Survival, 100, 1500, 3);
+         scenes.state.elapsedMs = 59999;
+     }},
+    {"survival_after_an_hour",
+     [](Scenes &scenes) {
+         scenes.game(GameMode::Survival, 37, 0, 1);
+         scenes.state.elapsedMs = 3725000;
+     }},
+    {"time_attack",
+     [](Scenes &scenes) {
+         scenes.game(GameMode::TimeAttack, 10, 98765, 12);
+         scenes.state.elapsedMs = 0;
+     }},
+    {"time_attack_paused",
+     [](Scenes &scenes) {
+         scenes.game(GameMode::TimeAttack, 0, 100, 2);
+         scenes.state.elapsedMs = 12500;
+         scenes.tap(211, 291);
+         scenes.frame(300);
+     }},
+    {"shop_repair", [](Scenes &scenes) { scenes.shop(60, 40); }},
+    {"shop_missile_slot", [](Scenes &scenes) { scenes.shop(140, 40); }},
+    {"shop_nuke", [](Scenes &scenes) { scenes.shop(60, 70); }},
+    {"shop_propulsion", [](Scenes &scenes) { scenes.shop(140, 70); }},
+    {"survival_ended", [](Scenes &scenes) { scenes.end(GameMode::Survival, 0); }},
+    {"time_attack_ended", [](Scenes &scenes) { scenes.end(GameMode::TimeAttack, 10); }},
+    {"campaign_won", [](Scenes &scenes) { scenes.end(GameMode::Campaign, 1); }},
+    {"campaign_lost",
+     [](Scenes &scenes) {
+         scenes.end(GameMode::Campaign, 0);
+         scenes.frame(250);
+     }},
+    {"game_over",
+     [](Scenes &scenes) {
+         scenes.end(GameMode::TimeAttack, 0);
+         scenes.frame(320);
+     }},
+};
+
+/// Tells how many pixels of two pictures differ, and the first of them; empty when they are the same.
+std::string difference(const Surface &actual, const Surface &expected)
+{
+    if (expected.pixelCount() != actual.pixelCount())
+        return "the sizes differ";
+    int count = 0;
+    std::int32_t first = 0;
+    for (std::int32_t i = actual.pixelCount() - 1; i >= 0; --i) {
+        if (actual.pixels()[i] != expected.pixels()[i]) {
+            ++count;
+            first = i;
+        }
+    }
+    if (count == 0)
+        return "";
+    const std::int32_t x = first % actual.width(), y = first / actual.width();
+    return std::to_string(count) + " pixels differ, the first at (" + std::to_string(x) + ", " +
+           std::to_string(y) + ") is " + std::to_string(actual.pixelAt(x, y)) + ", expected " +
+           std::to_string(expected.pixelAt(x, y));
+}
+
+void write(const std::filesystem::path &path, const Surface &picture)
+{
+    const auto count = static_cast<std::size_t>(picture.pixelCount());
+    ASSERT_TRUE(replay::writePicture(path, {picture.pixels(), count}, 240)) << path << " cannot be written";
+}
+
+TEST_P(Scenes, Show)
+{
+    const std::string name = GetParam().name;
+    GetParam().set(*this);
+    const Surface actual = picture();
+    if (std::getenv("ACCEPT_SCENES") != nullptr)
+        write(std::filesystem::path(SCENES_FOLDER) / (name + ".png"), actual);
+    device.dataFolder = SCENES_FOLDER;
+    Surface expected;
+    EXPECT_TRUE(expected.load(dataFilePath(std::u16string(name.begin(), name.end()) + u".png")))
+        << "no such picture";
+    const std::string fault = difference(actual, expected);
+    const std::filesystem::path actualPath = std::filesystem::current_path() / (name + ".actual.png");
+    EXPECT_EQ(fault, "") << "what is drawn: " << actualPath;
+    if (!fault.empty())
+        write(actualPath, actual);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Scenes, testing::ValuesIn(kScenes),
+                         [](const auto &scene) { return std::string(scene.param.name); });
+
+} // namespace
+} // namespace mygame::tests

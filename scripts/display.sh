@@ -148,11 +148,12 @@ start()
 # By the menu button, which no other screen has, and the satellite: asteroids turn in a paused game, too.
 in_game() { shows "$menus/game.png" 30x30+210+290 && moves 60x20+90+290; }
 
-# From the main menu into a time attack: there is always something that moves.
+# start_game [MENU Y]: from the main menu, as drawn in $menus, with "New game" there, into a time attack: there is
+# always something that moves.
 start_game()
 {
-    wait_for "the main menu" shows "$menus/top.png"
-    tap 120 130
+    wait_for "the main menu" shows "$menus/${1:-top}.png"
+    tap 120 "${2:-130}"
     wait_for "the modes after a tap on \"New game\"" shows "$menus/modes.png"
     tap 120 185
     wait_for "the difficulties after a tap on \"Time attack\"" shows "$menus/difficulties.png"

@@ -1,6 +1,7 @@
 /// Every scene in the table below must look like tests/scenes/NAME.png. One that does not is written into the
 /// current folder, as NAME.actual.png. With ACCEPT_SCENES=1 in the environment the pictures in tests/scenes
 /// are made anew from what is drawn, to be looked at before they are committed.
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
@@ -38,8 +39,9 @@ public:
         frame(ms);
     }
 
-    /// A game in which things overlap, 210 ms after its start.
-    void game(GameMode mode, std::int32_t health, std::int32_t money, std::int32_t slots)
+    /// A game in which things overlap, 210 ms after its start, with these figures to be shown.
+    void game(GameMode mode, std::int32_t elapsedMs, std::int32_t health, std::int32_t money,
+              std::int32_t slots)
     {
         constexpr std::int32_t kAsteroids[][2] = {{60, 90},  {225, 12},  {4, 14},
                                                   {120, 14}, {230, 284}, {150, 150}};
@@ -57,6 +59,7 @@ public:
             EventBus::instance().post<MissileDetonatedEvent>(0, x, y);
         frame();
         frame(210);
+        state.elapsedMs = elapsedMs;
         state.player.health = health;
         state.player.money = money;
         state.player.missileSlots = slots;
@@ -70,8 +73,8 @@ public:
         tap(x, y);
     }
 
-    /// What follows the end of a game.
-    void end(GameMode mode, std::int32_t health)
+    /// What follows the end of a game, after a while.
+    void end(GameMode mode, std::int32_t health, std::uint32_t ms)
     {
         play(mode);
         state.asteroids.clear();
@@ -80,6 +83,7 @@ public:
         state.elapsedMs = 95800;
         EventBus::instance().post<GameEndedEvent>();
         EventBus::instance().dispatchAll();
+        frame(ms);
     }
 
     /// What the current screen draws on black.
@@ -91,31 +95,18 @@ public:
         return target;
     }
 
-    using GameTest::application, GameTest::frame, GameTest::state, GameTest::tap;
+    using GameTest::frame, GameTest::tap;
 };
 
 constexpr Scene kScenes[] = {
     {"main_menu_coming", [](Scenes &scenes) { scenes.mainMenu(150); }},
     {"main_menu", [](Scenes &scenes) { scenes.mainMenu(300); }},
-    {"survival",
-     [](Scenes &scenes) {
-         scenes.game(GameMode::Survival, 100, 1500, 3);
-         scenes.state.elapsedMs = 59999;
-     }},
-    {"survival_after_an_hour",
-     [](Scenes &scenes) {
-         scenes.game(GameMode::Survival, 37, 0, 1);
-         scenes.state.elapsedMs = 3725000;
-     }},
-    {"time_attack",
-     [](Scenes &scenes) {
-         scenes.game(GameMode::TimeAttack, 10, 98765, 12);
-         scenes.state.elapsedMs = 0;
-     }},
+    {"survival", [](Scenes &scenes) { scenes.game(GameMode::Survival, 59999, 100, 1500, 3); }},
+    {"survival_after_an_hour", [](Scenes &scenes) { scenes.game(GameMode::Survival, 3725000, 37, 0, 1); }},
+    {"time_attack", [](Scenes &scenes) { scenes.game(GameMode::TimeAttack, 0, 10, 98765, 12); }},
     {"time_attack_paused",
      [](Scenes &scenes) {
-         scenes.game(GameMode::TimeAttack, 0, 100, 2);
-         scenes.state.elapsedMs = 12500;
+         scenes.game(GameMode::TimeAttack, 12500, 0, 100, 2);
          scenes.tap(211, 291);
          scenes.frame(300);
      }},
@@ -123,40 +114,25 @@ constexpr Scene kScenes[] = {
     {"shop_missile_slot", [](Scenes &scenes) { scenes.shop(140, 40); }},
     {"shop_nuke", [](Scenes &scenes) { scenes.shop(60, 70); }},
     {"shop_propulsion", [](Scenes &scenes) { scenes.shop(140, 70); }},
-    {"survival_ended", [](Scenes &scenes) { scenes.end(GameMode::Survival, 0); }},
-    {"time_attack_ended", [](Scenes &scenes) { scenes.end(GameMode::TimeAttack, 10); }},
-    {"campaign_won", [](Scenes &scenes) { scenes.end(GameMode::Campaign, 1); }},
-    {"campaign_lost",
-     [](Scenes &scenes) {
-         scenes.end(GameMode::Campaign, 0);
-         scenes.frame(250);
-     }},
-    {"game_over",
-     [](Scenes &scenes) {
-         scenes.end(GameMode::TimeAttack, 0);
-         scenes.frame(320);
-     }},
+    {"survival_ended", [](Scenes &scenes) { scenes.end(GameMode::Survival, 0, 0); }},
+    {"time_attack_ended", [](Scenes &scenes) { scenes.end(GameMode::TimeAttack, 10, 0); }},
+    {"campaign_won", [](Scenes &scenes) { scenes.end(GameMode::Campaign, 1, 0); }},
+    {"campaign_lost", [](Scenes &scenes) { scenes.end(GameMode::Campaign, 0, 250); }},
+    {"game_over", [](Scenes &scenes) { scenes.end(GameMode::TimeAttack, 0, 320); }},
 };
 
-/// Tells how many pixels of two pictures differ, and the first of them; empty when they are the same.
+/// Names the first pixel in which two pictures differ; empty when they are the same.
 std::string difference(const Surface &actual, const Surface &expected)
 {
-    if (expected.pixelCount() != actual.pixelCount())
+    if (expected.width() != actual.width() || expected.height() != actual.height())
         return "the sizes differ";
-    int count = 0;
-    std::int32_t first = 0;
-    for (std::int32_t i = actual.pixelCount() - 1; i >= 0; --i) {
-        if (actual.pixels()[i] != expected.pixels()[i]) {
-            ++count;
-            first = i;
-        }
-    }
-    if (count == 0)
+    const Pixel *end = actual.pixels() + actual.pixelCount();
+    const auto [pixel, wanted] = std::mismatch(actual.pixels(), end, expected.pixels());
+    if (pixel == end)
         return "";
-    const std::int32_t x = first % actual.width(), y = first / actual.width();
-    return std::to_string(count) + " pixels differ, the first at (" + std::to_string(x) + ", " +
-           std::to_string(y) + ") is " + std::to_string(actual.pixelAt(x, y)) + ", expected " +
-           std::to_string(expected.pixelAt(x, y));
+    const auto i = pixel - actual.pixels();
+    return "(" + std::to_string(i % 240) + ", " + std::to_string(i / 240) + ") is " + std::to_string(*pixel) +
+           ", expected " + std::to_string(*wanted);
 }
 
 void write(const std::filesystem::path &path, const Surface &picture)

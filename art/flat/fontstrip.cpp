@@ -1,10 +1,8 @@
-// Makes the two font strips from the drawn letters, and refuses to write a strip
-// whose glyphs could not be cut apart again or whose texts would not fit.
+// Makes the two font strips from the drawn letters.
 //
 // fontstrip FONT.TXT FONT_BIG.TXT OUTPUT-DIRECTORY
 
 #include <algorithm>
-#include <cstdio>
 
 #include "glyphs.h"
 
@@ -81,75 +79,6 @@ Image makeStrip(const std::string &set, const Alphabet &alphabet, const Style &s
     return strip;
 }
 
-bool same(Colour a, Colour b) { return a.r == b.r && a.g == b.g && a.b == b.b; }
-
-/// Widths of the glyphs as the game will cut them from the strip's first row.
-std::vector<int> cutWidths(const Image &strip)
-{
-    std::vector<int> widths;
-    bool inside = false;
-    for (int x = 0; x < strip.width; ++x) {
-        const bool marked = same(strip.at(x, 0), strip.at(0, 0));
-        if (marked && !inside)
-            widths.push_back(0);
-        if (marked)
-            ++widths.back();
-        inside = marked;
-    }
-    return widths;
-}
-
-struct Fit {
-    const char *text;
-    int room;
-};
-
-constexpr Fit kSmallFits[] = {
-    {"Your scientists will improve your", 186},
-    {"missiles' propulsion system", 186},
-    {"All the damages will be repaired.", 186},
-    {"You can detonate nuke and get", 186},
-    {"rid of all enemies and their", 186},
-    {"you can fire more files at the", 186},
-    {"One more missile slot means", 186},
-    {"Missile propulsion system", 186},
-    {"Repair structural damages", 186},
-    {"EARTH HAS BEEN DESTROYED", 236},
-    {"RETURN TO MAIN MENU", 236},
-    {"You survived for 86400 seconds", 236},
-    {"Asteroids destroyed: 1000", 236},
-    {"Click here to continue", 236},
-    {"$1000000", 80},
-    {"description", 100},
-};
-
-constexpr Fit kBigFits[] = {
-    {"Time attack", 116}, {"Main menu", 116}, {"New game", 116}, {"Sound off", 116},
-    {"Campaign", 116},    {"Survival", 116},  {"Medium", 116},   {"Resume", 116},
-};
-
-template <std::size_t N>
-void check(const char *name, const Image &strip, const std::string &set, const Fit (&fits)[N])
-{
-    const std::vector<int> widths = cutWidths(strip);
-    if (widths.size() != set.size())
-        fail(std::string(name) + ": " + std::to_string(widths.size()) + " glyphs instead of " +
-             std::to_string(set.size()));
-    std::printf("%s: %zu glyphs, %d pixels tall\n", name, widths.size(), strip.height - 1);
-    const auto widthOf = [&](char c) { return widths[set.find(c)]; };
-    for (char c : std::string("234567890"))
-        if (set.find(c) != std::string::npos && widthOf(c) != widthOf('1'))
-            fail(std::string(name) + ": digits differ in width");
-    for (const Fit &fit : fits) {
-        int width = -1;
-        for (const char *c = fit.text; *c; ++c)
-            width += widthOf(*c) + 1;
-        std::printf("  %3d of %3d  %s\n", width, fit.room, fit.text);
-        if (width > fit.room)
-            fail(std::string(name) + ": too wide: " + fit.text);
-    }
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -158,9 +87,7 @@ int main(int argc, char **argv)
         fail("usage: fontstrip FONT.TXT FONT_BIG.TXT OUTPUT-DIRECTORY");
     const std::string out = argv[3];
     const Image small = makeStrip(kSmallSet, readDots(argv[1]), {0, 1, 1, 10, 3, shadeSmall});
-    check("font.png", small, kSmallSet, kSmallFits);
     writePng(small, out + "/font.png");
     const Image big = makeStrip(kBigSet, readStrokes(argv[2]), {1, 1, 2, 19, 5, shadeBig});
-    check("font_big.png", big, kBigSet, kBigFits);
     writePng(big, out + "/font_big.png");
 }

@@ -271,8 +271,6 @@ double patches(const Patch *first, const Patch *last, Point p)
     return most;
 }
 
-using Field = Grid<float>;
-
 Point pointAt(int x, int y) { return {(x + 0.5) * 360 / kWidth - 180, 90 - (y + 0.5) * 180 / kHeight}; }
 
 Field drawLand()
@@ -313,32 +311,6 @@ Field drawLand()
                                 : 0.0f;
         }
     return land;
-}
-
-/// Averages over a square of 2 `radius` + 1 texels, east to west around the globe.
-Field blurred(const Field &from, int radius)
-{
-    Field rows(kWidth, kHeight), result(kWidth, kHeight);
-    for (int y = 0; y < kHeight; ++y) {
-        double sum = 0;
-        for (int x = -radius; x <= radius; ++x)
-            sum += from.at((x + kWidth) % kWidth, y);
-        for (int x = 0; x < kWidth; ++x) {
-            rows.at(x, y) = static_cast<float>(sum / (2 * radius + 1));
-            sum += from.at((x + radius + 1) % kWidth, y) - from.at((x - radius + kWidth) % kWidth, y);
-        }
-    }
-    for (int x = 0; x < kWidth; ++x) {
-        const auto row = [](int y) { return std::clamp(y, 0, kHeight - 1); };
-        double sum = 0;
-        for (int y = -radius; y <= radius; ++y)
-            sum += rows.at(x, row(y));
-        for (int y = 0; y < kHeight; ++y) {
-            result.at(x, y) = static_cast<float>(sum / (2 * radius + 1));
-            sum += rows.at(x, row(y + radius + 1)) - rows.at(x, row(y - radius));
-        }
-    }
-    return result;
 }
 
 Vec landColour(Point p, Vec s, double inland)
@@ -423,8 +395,8 @@ void drawMaps(const std::string &folder)
     constexpr Bytes<3> kWhite{0xE8, 0xEE, 0xF5};
     constexpr int kThickest = 240; // of 255: the densest cloud still lets a little ground through
     const Field land = drawLand();
-    const Field nearLand = blurred(blurred(land, 5), 5);
-    const Field wide = blurred(blurred(land, 22), 22);
+    const Field nearLand = blurred(land, 5, Sides::MeetAround);
+    const Field wide = blurred(land, 22, Sides::MeetAround);
     Grid<Bytes<3>> day(kWidth, kHeight), night(kWidth, kHeight);
     Grid<Bytes<4>> clouds(kWidth, kHeight);
     Grid<Bytes<1>> cracks(kWidth, kHeight);

@@ -39,6 +39,14 @@ template <class T, class Convert> auto mapped(const Grid<T> &from, Convert conve
     return to;
 }
 
+using Field = Grid<float>;
+
+/// What lies beyond the left and right edge; beyond the upper and lower one the edge goes on.
+enum class Sides { GoOn, MeetAround };
+
+/// Averages over a square of 2 `radius` + 1 pixels, two times.
+Field blurred(Field field, int radius, Sides sides = Sides::GoOn);
+
 template <class T> struct Covered {
     Vector<T> colour; // not multiplied by alpha
     T alpha = 0;      // 0 = nothing there
@@ -84,8 +92,10 @@ inline Bytes<4> withAlpha(const Bytes<3> &colour, std::uint8_t alpha)
 
 /// These end the program when the file cannot be read or written.
 Grid<Bytes<4>> readPng(const std::string &path);
-void writePng(const std::string &path, const Grid<Bytes<1>> &picture);
-void writePng(const std::string &path, const Grid<Bytes<3>> &picture);
-void writePng(const std::string &path, const Grid<Bytes<4>> &picture);
+void writePng(const std::string &path, int width, int height, std::size_t channels, const void *bytes);
+template <std::size_t N> void writePng(const std::string &path, const Grid<Bytes<N>> &picture)
+{
+    writePng(path, picture.width, picture.height, N, picture.pixels.data());
+}
 
 } // namespace art

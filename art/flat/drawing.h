@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 
 #include "art/picture.h"
@@ -17,11 +18,29 @@ using Drawing = Grid<Paint>;
 inline Colour rgb(std::uint32_t value) { return screenHex<float>(value); }
 
 /// "#RRGGBB" as a colour.
-Colour parseRgb(const char *text);
+inline Colour parseRgb(const char *text)
+{
+    return rgb(static_cast<std::uint32_t>(std::strtoul(text + 1, nullptr, 16)));
+}
 
 /// Both end the program when the file cannot be read or written.
-Drawing readDrawing(const std::string &path);
+inline Drawing readDrawing(const std::string &path)
+{
+    return mapped(readPng(path), [](const Bytes<4> &p) {
+        return Paint{{p[0] / 255.0f, p[1] / 255.0f, p[2] / 255.0f}, p[3] / 255.0f};
+    });
+}
+
 enum class Alpha { Drop, Keep };
-void writeDrawing(const std::string &path, const Drawing &drawing, Alpha alpha = Alpha::Drop);
+
+inline void writeDrawing(const std::string &path, const Drawing &drawing, Alpha alpha = Alpha::Drop)
+{
+    const auto opaque = [](const Paint &p) { return bytesOf(p.colour); };
+    const auto covered = [](const Paint &p) { return withAlpha(bytesOf(p.colour), byteOf(p.alpha)); };
+    if (alpha == Alpha::Drop)
+        writePng(path, mapped(drawing, opaque));
+    else
+        writePng(path, mapped(drawing, covered));
+}
 
 } // namespace art

@@ -19,38 +19,11 @@ using namespace art;
 namespace
 {
 
-using Field = Grid<float>;
-
 Drawing mirrored(Drawing drawing)
 {
     for (int y = 0; y < drawing.height; ++y)
         std::reverse(&drawing.at(0, y), &drawing.at(0, y) + drawing.width);
     return drawing;
-}
-
-/// One direction of a box blur; step is 1 along rows and the width along columns.
-void blurLine(const float *from, float *to, int count, int step, int radius)
-{
-    double sum = 0;
-    const auto value = [&](int i) { return from[std::size_t(std::clamp(i, 0, count - 1)) * step]; };
-    for (int i = -radius; i <= radius; ++i)
-        sum += value(i);
-    for (int i = 0; i < count; ++i) {
-        to[std::size_t(i) * step] = float(sum / (2 * radius + 1));
-        sum += value(i + radius + 1) - value(i - radius);
-    }
-}
-
-Field blurred(Field field, int radius)
-{
-    Field other(field.width, field.height);
-    for (int pass = 0; pass < 2; ++pass) {
-        for (int y = 0; y < field.height; ++y)
-            blurLine(&field.at(0, y), &other.at(0, y), field.width, 1, radius);
-        for (int x = 0; x < field.width; ++x)
-            blurLine(&other.at(x, 0), &field.at(x, 0), field.height, field.width, radius);
-    }
-    return field;
 }
 
 struct Light {

@@ -18,12 +18,10 @@ using Sheet = Grid<Rgb>;
 
 Picture readPicture(const std::string &path)
 {
-    std::array<double, 256> linear{};
-    for (std::size_t i = 0; i < linear.size(); ++i)
-        linear[i] = toLinear(static_cast<double>(i) / 255);
-    return mapped(readPng(path), [&](const Bytes<4> &p) {
-        return Pixel{{linear[p[0]], linear[p[1]], linear[p[2]]}, p[3] / 255.0};
-    });
+    Picture picture = readPixels<double>(path);
+    for (Pixel &pixel : picture.pixels)
+        pixel.colour = toLinear(pixel.colour);
+    return picture;
 }
 
 /// Averages blocks of pixels; colours count as much as they cover.

@@ -98,4 +98,12 @@ template <std::size_t N> void writePng(const std::string &path, const Grid<Bytes
     writePng(path, picture.width, picture.height, N, picture.pixels.data());
 }
 
+/// A file's pixels, their parts from 0 to 1 as the screen takes them.
+template <class T> Grid<Covered<T>> readPixels(const std::string &path)
+{
+    return mapped(readPng(path), [](const Bytes<4> &p) {
+        return Covered<T>{{p[0] / T(255), p[1] / T(255), p[2] / T(255)}, p[3] / T(255)};
+    });
+}
+
 } // namespace art

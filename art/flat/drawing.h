@@ -23,16 +23,9 @@ inline Colour parseRgb(const char *text)
     return rgb(static_cast<std::uint32_t>(std::strtoul(text + 1, nullptr, 16)));
 }
 
-/// Both end the program when the file cannot be read or written.
-inline Drawing readDrawing(const std::string &path)
-{
-    return mapped(readPng(path), [](const Bytes<4> &p) {
-        return Paint{{p[0] / 255.0f, p[1] / 255.0f, p[2] / 255.0f}, p[3] / 255.0f};
-    });
-}
-
 enum class Alpha { Drop, Keep };
 
+/// Ends the program when the file cannot be written.
 inline void writeDrawing(const std::string &path, const Drawing &drawing, Alpha alpha = Alpha::Drop)
 {
     const auto opaque = [](const Paint &p) { return bytesOf(p.colour); };

@@ -38,7 +38,7 @@ int main(int argc, char **argv)
 {
     if (argc != 9)
         fail("usage: letter PICTURE.PNG LETTERS.TXT WORD CENTRE-X TOP #TOP #FOOT #SHADOW");
-    Drawing picture = readDrawing(argv[1]);
+    Drawing picture = readPixels<float>(argv[1]);
     const Alphabet alphabet = readDots(argv[2]);
     const std::string word = argv[3];
     const int left = std::atoi(argv[4]) - widthOf(word, alphabet) / 2, top = std::atoi(argv[5]);

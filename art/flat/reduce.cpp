@@ -88,7 +88,7 @@ int main(int argc, char **argv)
 {
     if (argc < 6)
         fail("usage: reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque|alpha|key|corner [#RRGGBB]");
-    const Drawing source = readDrawing(argv[1]);
+    const Drawing source = readPixels<float>(argv[1]);
     const int w = std::atoi(argv[3]), h = std::atoi(argv[4]);
     const std::string mode = argv[5];
     const bool keyed = mode == "key" || mode == "corner";

@@ -87,7 +87,8 @@ int main(int argc, char **argv)
 {
     if (argc < 6)
         fail("usage: relief HEIGHT.PNG COLOUR.PNG GLOW.PNG OUTPUT.PNG SCALE [mirror]");
-    Drawing heights = readDrawing(argv[1]), colours = readDrawing(argv[2]), glow = readDrawing(argv[3]);
+    Drawing heights = readPixels<float>(argv[1]), colours = readPixels<float>(argv[2]),
+            glow = readPixels<float>(argv[3]);
     if (argc > 6) {
         heights = mirrored(heights);
         colours = mirrored(colours);

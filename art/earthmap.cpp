@@ -1,6 +1,9 @@
 // Draws the maps that every scene wraps around the Earth: the surface by day, the lights by night, the clouds
 // and the cracks of its last hour. Equirectangular, longitude -180 to 180 from the left, north at the top.
-#include "picture.h"
+#include <iterator>
+
+#include "art/noise.h"
+#include "art/picture.h"
 
 using namespace art;
 
@@ -268,15 +271,11 @@ double patches(const Patch *first, const Patch *last, Point p)
     return most;
 }
 
-using Field = std::vector<float>;
-
-std::size_t place(int x, int y) { return static_cast<std::size_t>(y) * kWidth + x; }
-
 Point pointAt(int x, int y) { return {(x + 0.5) * 360 / kWidth - 180, 90 - (y + 0.5) * 180 / kHeight}; }
 
 Field drawLand()
 {
-    Field land(static_cast<std::size_t>(kWidth) * kHeight);
+    Field land(kWidth, kHeight);
     struct Box {
         double west = 1e9, east = -1e9, south = 1e9, north = -1e9;
     };
@@ -307,37 +306,11 @@ Field drawLand()
             p.lon = std::clamp(p.lon + 1.3 * stretch * fractal(s, 5), -180.0, 180.0);
             p.lat += 1.3 * fractal(s + Vec{31, 17, 5}, 5);
             const bool ice = p.lat < -71 + 4 * noise(onSphere(p.lon, -70) * 3);
-            land[place(x, y)] =
-                ice || (anyInside(kLand, landBoxes, p) && !anyInside(kInlandWater, waterBoxes, p)) ? 1.0f
-                                                                                                   : 0.0f;
+            land.at(x, y) = ice || (anyInside(kLand, landBoxes, p) && !anyInside(kInlandWater, waterBoxes, p))
+                                ? 1.0f
+                                : 0.0f;
         }
     return land;
-}
-
-/// Averages over a square of 2 `radius` + 1 texels, east to west around the globe.
-Field blurred(const Field &from, int radius)
-{
-    Field rows(from.size()), result(from.size());
-    for (int y = 0; y < kHeight; ++y) {
-        double sum = 0;
-        for (int x = -radius; x <= radius; ++x)
-            sum += from[place((x + kWidth) % kWidth, y)];
-        for (int x = 0; x < kWidth; ++x) {
-            rows[place(x, y)] = static_cast<float>(sum / (2 * radius + 1));
-            sum += from[place((x + radius + 1) % kWidth, y)] - from[place((x - radius + kWidth) % kWidth, y)];
-        }
-    }
-    for (int x = 0; x < kWidth; ++x) {
-        const auto row = [](int y) { return std::clamp(y, 0, kHeight - 1); };
-        double sum = 0;
-        for (int y = -radius; y <= radius; ++y)
-            sum += rows[place(x, row(y))];
-        for (int y = 0; y < kHeight; ++y) {
-            result[place(x, y)] = static_cast<float>(sum / (2 * radius + 1));
-            sum += rows[place(x, row(y + radius + 1))] - rows[place(x, row(y - radius))];
-        }
-    }
-    return result;
 }
 
 Vec landColour(Point p, Vec s, double inland)
@@ -405,48 +378,49 @@ double crackAt(Vec s, double scale)
     return 1 - clamp01((second - nearest) / 0.22);
 }
 
-std::uint8_t byteOf(double linear) { return static_cast<std::uint8_t>(std::lround(255 * toSrgb(linear))); }
+/// The cities' lamps: bright where a city reaches, more so near the coast, gathered into towns.
+Vec lampColour(Point p, Vec s, double inland, double towns)
+{
+    const double coast = 1 - smooth(0.5, 1.0, inland);
+    double lights = patches(std::begin(kCities), std::end(kCities), p);
+    lights *= 0.55 + 0.9 * coast;
+    const double clumps =
+        smooth(0.05, 0.75, fractal(s * 60, 4) + 0.25) * smooth(-0.2, 0.5, fractal(s * 22, 3));
+    const double glow = lights * (0.9 * clumps + (towns > 0.985 - 0.05 * lights ? 1.4 : 0));
+    return hex(0xFFC56B) * std::min(1.0, glow);
+}
 
 void drawMaps(const std::string &folder)
 {
+    constexpr Bytes<3> kWhite{0xE8, 0xEE, 0xF5};
+    constexpr int kThickest = 240; // of 255: the densest cloud still lets a little ground through
     const Field land = drawLand();
-    const Field nearLand = blurred(blurred(land, 5), 5);
-    const Field wide = blurred(blurred(land, 22), 22);
-    std::vector<std::uint8_t> day, night, clouds, cracks;
+    const Field nearLand = blurred(land, 5, Sides::MeetAround);
+    const Field wide = blurred(land, 22, Sides::MeetAround);
+    Grid<Bytes<3>> day(kWidth, kHeight), night(kWidth, kHeight);
+    Grid<Bytes<4>> clouds(kWidth, kHeight);
+    Grid<Bytes<1>> cracks(kWidth, kHeight);
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x) {
             const Point p = pointAt(x, y);
             const Vec s = onSphere(p.lon, p.lat);
-            const bool isLand = land[place(x, y)] > 0.5f;
-            const Vec ground =
-                isLand ? landColour(p, s, wide[place(x, y)]) : seaColour(p, s, nearLand[place(x, y)]);
-            for (double v : {ground.x, ground.y, ground.z})
-                day.push_back(byteOf(v));
-
-            const double coast = 1 - smooth(0.5, 1.0, wide[place(x, y)]);
-            double lights = isLand ? patches(std::begin(kCities), std::end(kCities), p) : 0;
-            lights *= 0.55 + 0.9 * coast;
-            const double clumps =
-                smooth(0.05, 0.75, fractal(s * 60, 4) + 0.25) * smooth(-0.2, 0.5, fractal(s * 22, 3));
-            const double town =
-                chance(static_cast<std::uint32_t>(x / 3), static_cast<std::uint32_t>(y / 3), 5);
-            const double glow = lights * (0.9 * clumps + (town > 0.985 - 0.05 * lights ? 1.4 : 0));
-            const Vec lamp = hex(0xFFC56B) * std::min(1.0, glow);
-            for (double v : {lamp.x, lamp.y, lamp.z})
-                night.push_back(byteOf(v));
-
-            const double cover = cloudCover(p, s);
-            for (double v : {hex(0xE8EEF5).x, hex(0xE8EEF5).y, hex(0xE8EEF5).z})
-                clouds.push_back(byteOf(v));
-            clouds.push_back(static_cast<std::uint8_t>(std::lround(240 * cover)));
-
-            const double crack = std::max(crackAt(s, 2.1), 0.75 * crackAt(s + Vec{4, 1, 7}, 4.6));
-            cracks.push_back(static_cast<std::uint8_t>(std::lround(255 * crack)));
+            const double inland = wide.at(x, y);
+            if (land.at(x, y) > 0.5f) {
+                const double town =
+                    chance(static_cast<std::uint32_t>(x / 3), static_cast<std::uint32_t>(y / 3), 5);
+                day.at(x, y) = bytesOf(toSrgb(landColour(p, s, inland)));
+                night.at(x, y) = bytesOf(toSrgb(lampColour(p, s, inland, town)));
+            } else {
+                day.at(x, y) = bytesOf(toSrgb(seaColour(p, s, nearLand.at(x, y))));
+            }
+            const long cover = std::lround(kThickest * cloudCover(p, s));
+            clouds.at(x, y) = withAlpha(kWhite, static_cast<std::uint8_t>(cover));
+            cracks.at(x, y) = {byteOf(std::max(crackAt(s, 2.1), 0.75 * crackAt(s + Vec{4, 1, 7}, 4.6)))};
         }
-    writePng(folder + "/earth_day.png", kWidth, kHeight, 3, day);
-    writePng(folder + "/earth_night.png", kWidth, kHeight, 3, night);
-    writePng(folder + "/earth_clouds.png", kWidth, kHeight, 4, clouds);
-    writePng(folder + "/earth_cracks.png", kWidth, kHeight, 1, cracks);
+    writePng(folder + "/earth_day.png", day);
+    writePng(folder + "/earth_night.png", night);
+    writePng(folder + "/earth_clouds.png", clouds);
+    writePng(folder + "/earth_cracks.png", cracks);
 }
 
 } // namespace

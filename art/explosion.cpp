@@ -1,6 +1,11 @@
 // Renders the blast: a cloud of burning puffs that bursts, rolls up, breaks and thins out, marched through
 // ray by ray.
-#include "picture.h"
+#include <cstdio>
+#include <iterator>
+#include <utility>
+
+#include "art/noise.h"
+#include "art/picture.h"
 
 using namespace art;
 
@@ -107,7 +112,7 @@ Sample sampleAt(const std::vector<Ball> &balls, const Vec &p, double t)
 
 Pixel march(const std::vector<Ball> &balls, double x, double y, double t)
 {
-    const Vec sun = unit({-0.6, 0.65, -0.45});
+    const Vec sun = unit(Vec{-0.6, 0.65, -0.45});
     constexpr int kSteps = 44;
     Vec colour;
     double through = 1;
@@ -132,7 +137,7 @@ Pixel over(const Pixel &top, const Pixel &below)
 {
     const double alpha = top.alpha + below.alpha * (1 - top.alpha);
     if (alpha <= 0)
-        return {{}, 0};
+        return {};
     return {(top.colour * top.alpha + below.colour * (below.alpha * (1 - top.alpha))) * (1 / alpha), alpha};
 }
 
@@ -140,7 +145,7 @@ Pixel over(const Pixel &top, const Pixel &below)
 Pixel sparkAt(double x, double y, double t)
 {
     constexpr std::uint32_t kSparks = 30;
-    Pixel result{{}, 0};
+    Pixel result;
     for (std::uint32_t i = 0; i < kSparks; ++i) {
         const double angle = 6.2831853 * (i + 0.9 * chance(i, 21)) / kSparks,
                      life = 0.30 + 0.45 * chance(i, 23);
@@ -175,25 +180,21 @@ Pixel ringAt(double x, double y, double t)
     return {mix(hex(0xFFE27A), hex(0xD9401E), smooth(0.04, 0.28, t)), line};
 }
 
-std::uint8_t byteOf(double v) { return static_cast<std::uint8_t>(std::lround(255 * clamp01(v))); }
-
 void renderFrame(const std::vector<Puff> &puffs, int frame, const std::string &path)
 {
     const double t = (frame + 0.35) / kFrames;
     const std::vector<Ball> balls = ballsAt(puffs, t);
     constexpr int kSide = kSize * kSamples;
-    std::vector<std::uint8_t> bytes;
+    Grid<Bytes<4>> picture(kSide, kSide);
     for (int j = 0; j < kSide; ++j)
         for (int i = 0; i < kSide; ++i) {
             const double x = ((i + 0.5) / kSamples - kSize / 2) / kReach,
                          y = (kSize / 2 - (j + 0.5) / kSamples) / kReach;
-            Pixel p = x * x + y * y < 1.25 ? march(balls, x, y, t) : Pixel{{}, 0};
+            Pixel p = x * x + y * y < 1.25 ? march(balls, x, y, t) : Pixel{};
             p = over(shineAt(std::sqrt(x * x + y * y), t), over(p, over(sparkAt(x, y, t), ringAt(x, y, t))));
-            for (double v : {p.colour.x, p.colour.y, p.colour.z})
-                bytes.push_back(byteOf(toSrgb(v)));
-            bytes.push_back(byteOf(p.alpha));
+            picture.at(i, j) = withAlpha(bytesOf(toSrgb(p.colour)), byteOf(p.alpha));
         }
-    writePng(path, kSide, kSide, 4, bytes);
+    writePng(path, picture);
 }
 
 } // namespace

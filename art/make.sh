@@ -1,37 +1,20 @@
 #!/bin/sh
 # Makes every picture and sound of the game again from art/ and writes them to data/. For Debian 12.
 set -eu
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
 
-here=$(cd "$(dirname "$0")" && pwd)
-build=$here/../build/art
-data=$here/../data
-mkdir -p "$build" "$data"
-
-missing=
-for package in g++ povray povray-includes libpng-dev libjpeg-dev; do
-    [ "$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null)" = "install ok installed" ] ||
-        missing="$missing $package"
-done
-if [ -n "$missing" ]; then
-    if ! command -v apt-get >/dev/null; then
-        echo "art/make.sh: this needs Debian's packages$missing" >&2
-        exit 1
-    fi
-    if [ "$(id -u)" = 0 ]; then
-        apt-get install -y --no-install-recommends $missing
-    elif command -v sudo >/dev/null; then
-        sudo apt-get install -y --no-install-recommends $missing
-    else
-        echo "art/make.sh: these packages are missing, install them as root:$missing" >&2
-        exit 1
-    fi
-fi
-
+# shellcheck disable=SC2086 # one word a package
+install_missing $ART_PACKAGES
+mkdir -p build/art data
 for program in earthmap rocks explosion pack; do
-    g++ -std=c++20 -O2 -Wall -Wextra "$here/$program.cpp" -o "$build/$program" -lpng -ljpeg
+    g++ -std=c++20 -O2 -Wall -Wextra -I. art/$program.cpp art/picture.cpp -o build/art/$program -lpng -ljpeg
 done
 
-cd "$build"
+# From here every path is relative to this folder: the renderer takes none that holds a space.
+cd build/art
+art=../../art
+data=../../data
 rm -f asteroid*-*.png explosion*.png
 
 # render SCENE OUT WIDTH HEIGHT [OPTION...]
@@ -39,11 +22,10 @@ render()
 {
     scene=$1 out=$2 width=$3 height=$4
     shift 4
-    if ! povray -D -GD -GR -GS -A +UA +FN +L"$here" +L. +I"$here/$scene.pov" \
+    if ! povray -D -GD -GR -GS -A +UA +FN +L$art +L. +I"$art/$scene.pov" \
         +O"$out" +W"$width" +H"$height" "$@" >"$out.log" 2>&1; then
         grep -a -i -A 3 error "$out.log" >&2 || true
-        echo "art/make.sh: rendering $scene failed" >&2
-        exit 1
+        fail "rendering $scene failed"
     fi
 }
 
@@ -61,7 +43,7 @@ done
 
 echo "asteroids"
 for kind in 1 2 3 4; do
-    render asteroid "asteroid$kind-.png" 320 320 Declare=Kind=$kind +KFI1 +KFF24 +KC
+    render asteroid "asteroid$kind-.png" 320 320 "Declare=Kind=$kind" +KFI1 +KFF24 +KC
     suffix=$kind
     [ "$kind" != 1 ] || suffix=
     ./pack strip "$data/asteroid$suffix.png" 32 32 0.35 asteroid"$kind"-[0-9]*.png
@@ -75,6 +57,5 @@ render missile missile.png 192 192
 ./explosion .
 ./pack blast "$data/explosion.png" 64 64 explosion[0-9]*.png
 
-if [ -x "$here/flat/make.sh" ]; then
-    "$here/flat/make.sh"
-fi
+echo "flat pictures, fonts, sound"
+$art/flat/make.sh

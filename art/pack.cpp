@@ -5,24 +5,24 @@
 
 #include <jpeglib.h>
 
-#include "picture.h"
+#include "art/noise.h"
+#include "art/picture.h"
 
 using namespace art;
 
 namespace
 {
 
-struct Rgb {
-    std::uint8_t r = 0, g = 0, b = 0;
-};
+using Rgb = Bytes<3>;
+using Sheet = Grid<Rgb>;
 
-struct Sheet {
-    int width = 0, height = 0;
-    std::vector<Rgb> pixels;
-
-    Sheet(int w, int h, Rgb fill) : width(w), height(h), pixels(static_cast<std::size_t>(w) * h, fill) {}
-    Rgb &at(int x, int y) { return pixels[static_cast<std::size_t>(y) * width + x]; }
-};
+Picture readPicture(const std::string &path)
+{
+    Picture picture = readPixels<double>(path);
+    for (Pixel &pixel : picture.pixels)
+        pixel.colour = toLinear(pixel.colour);
+    return picture;
+}
 
 /// Averages blocks of pixels; colours count as much as they cover.
 Picture reduced(const Picture &large, int width, int height)
@@ -82,16 +82,8 @@ Rgb screenColour(Vec c, double shift = 0)
     return {screenByte(c.x, 5, shift), screenByte(c.y, 6, shift), screenByte(c.z, 5, shift)};
 }
 
-void writeSheet(const std::string &path, const Sheet &sheet)
-{
-    std::vector<std::uint8_t> bytes;
-    for (Rgb p : sheet.pixels)
-        bytes.insert(bytes.end(), {p.r, p.g, p.b});
-    writePng(path, sheet.width, sheet.height, 3, bytes);
-}
-
 /// An object's pixel must never be the key, black: its darkest shade is a night blue.
-Rgb solid(Rgb c) { return c.r < 8 && c.g < 8 && c.b < 16 ? Rgb{8, 8, 16} : c; }
+Rgb solid(Rgb c) { return c[0] < 8 && c[1] < 8 && c[2] < 16 ? Rgb{8, 8, 16} : c; }
 
 void cut(const Picture &frame, Sheet &sheet, int left, int top)
 {
@@ -118,20 +110,20 @@ void packStrip(const std::string &out, int width, int height, double sharpness,
 {
     Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {0, 0, 0});
     for (std::size_t i = 0; i < in.size(); ++i) {
-        Picture frame = reduced(readPng(in[i]), width, height);
+        Picture frame = reduced(readPicture(in[i]), width, height);
         sharpen(frame, sharpness);
         cut(frame, strip, 1, static_cast<int>(i) * (height + 1));
     }
-    writeSheet(out, strip);
+    writePng(out, strip);
 }
 
 void packPicture(const std::string &out, int width, int height, double sharpness, const std::string &in)
 {
     Sheet sheet(width, height, {0, 0, 0});
-    Picture frame = reduced(readPng(in), width, height);
+    Picture frame = reduced(readPicture(in), width, height);
     sharpen(frame, sharpness);
     cut(frame, sheet, 0, 0);
-    writeSheet(out, sheet);
+    writePng(out, sheet);
 }
 
 /// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern.
@@ -141,7 +133,7 @@ void packBlast(const std::string &out, int width, int height, const std::vector<
 {
     Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {255, 0, 255});
     for (std::size_t i = 0; i < in.size(); ++i) {
-        Picture frame = reduced(readPng(in[i]), width, height);
+        Picture frame = reduced(readPicture(in[i]), width, height);
         sharpen(frame, 0.5);
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x) {
@@ -152,7 +144,7 @@ void packBlast(const std::string &out, int width, int height, const std::vector<
                         screenColour(p.colour, (step - 0.5) * 0.8);
             }
     }
-    writeSheet(out, strip);
+    writePng(out, strip);
 }
 
 /// The night sky at a pixel: near black, a breath of indigo and teal along a slanting band.
@@ -181,7 +173,7 @@ void addStars(Picture &sky, std::uint32_t seed, int count)
         const double warmth = chance(seed, n, 4);
         const Vec tint = warmth < 0.3 ? hex(0xAFC8FF) : warmth > 0.85 ? hex(0xFFD9B0) : hex(0xF0F4FF);
         const auto add = [&](int px, int py, double k) {
-            if (px >= 0 && py >= 0 && px < sky.width && py < sky.height)
+            if (sky.contains(px, py))
                 sky.at(px, py).colour = sky.at(px, py).colour + tint * (bright * k);
         };
         add(x, y, 1);
@@ -231,7 +223,7 @@ void writeJpeg(const std::string &path, const Sheet &sheet, int quality)
 Sheet fitted(const Picture &picture)
 {
     const int w = picture.width;
-    Sheet sheet(w, picture.height, {});
+    Sheet sheet(w, picture.height);
     std::array<std::vector<double>, 3> owed, next;
     for (int c = 0; c < 3; ++c)
         owed[c].assign(static_cast<std::size_t>(w) + 2, 0), next[c] = owed[c];
@@ -239,9 +231,8 @@ Sheet fitted(const Picture &picture)
         const int forward = y % 2 ? -1 : 1;
         for (int n = 0; n < w; ++n) {
             const int x = forward > 0 ? n : w - 1 - n;
-            const Vec colour = picture.at(x, y).colour;
-            const double wanted[3] = {toSrgb(colour.x), toSrgb(colour.y), toSrgb(colour.z)};
-            std::uint8_t bytes[3];
+            const Vec colour = toSrgb(picture.at(x, y).colour);
+            const double wanted[3] = {colour.x, colour.y, colour.z};
             for (int c = 0; c < 3; ++c) {
                 const int step = c == 1 ? 4 : 8;
                 const double jitter =
@@ -254,9 +245,8 @@ Sheet fitted(const Picture &picture)
                 next[c][x + 1 - forward] += error * 3 / 16;
                 next[c][x + 1] += error * 5 / 16;
                 next[c][x + 1 + forward] += error * 1 / 16;
-                bytes[c] = static_cast<std::uint8_t>(level * step + step / 2);
+                sheet.at(x, y)[c] = static_cast<std::uint8_t>(level * step + step / 2);
             }
-            sheet.at(x, y) = {bytes[0], bytes[1], bytes[2]};
         }
         for (int c = 0; c < 3; ++c)
             owed[c].swap(next[c]), next[c].assign(next[c].size(), 0);
@@ -267,7 +257,7 @@ Sheet fitted(const Picture &picture)
 void packScene(const std::string &out, std::uint32_t seed, int stars, double nebula, const std::string &in)
 {
     constexpr int kWidth = 240, kHeight = 320;
-    Picture scene = reduced(readPng(in), kWidth, kHeight);
+    Picture scene = reduced(readPicture(in), kWidth, kHeight);
     Picture sky(kWidth, kHeight);
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x)

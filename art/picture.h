@@ -1,45 +1,60 @@
-// What the art programs share: a picture in linear light, PNG in and out, and three-dimensional noise.
+// Pictures in memory, their colours, and their way from and to a PNG file.
 #pragma once
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
+#include <type_traits>
 #include <vector>
 
-#include <png.h>
+#include "art/vector.h"
 
 namespace art
 {
 
-struct Vec {
-    double x = 0, y = 0, z = 0;
+/// Ends the program with this line on the error output.
+[[noreturn]] void fail(const std::string &why);
+
+/// Something for every pixel, row by row from the top.
+template <class T> struct Grid {
+    int width = 0, height = 0;
+    std::vector<T> pixels;
+
+    Grid() = default;
+    Grid(int w, int h, T fill = {}) : width(w), height(h), pixels(static_cast<std::size_t>(w) * h, fill) {}
+
+    bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < width && y < height; }
+    T &at(int x, int y) { return pixels[static_cast<std::size_t>(y) * width + x]; }
+    const T &at(int x, int y) const { return pixels[static_cast<std::size_t>(y) * width + x]; }
 };
 
-inline Vec operator+(Vec a, Vec b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-inline Vec operator-(Vec a, Vec b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-inline Vec operator*(Vec a, double k) { return {a.x * k, a.y * k, a.z * k}; }
-inline double dot(Vec a, Vec b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-inline double length(Vec a) { return std::sqrt(dot(a, a)); }
-inline Vec unit(Vec a) { return a * (1.0 / std::max(1e-12, length(a))); }
-inline Vec mix(Vec a, Vec b, double t) { return a * (1 - t) + b * t; }
-inline Vec cross(Vec a, Vec b)
+/// A grid of what `convert` makes of every pixel.
+template <class T, class Convert> auto mapped(const Grid<T> &from, Convert convert)
 {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+    Grid<std::invoke_result_t<Convert, const T &>> to(from.width, from.height);
+    std::ranges::transform(from.pixels, to.pixels.begin(), convert);
+    return to;
 }
 
-inline double mix(double a, double b, double t) { return a + (b - a) * t; }
-inline double clamp01(double v) { return std::clamp(v, 0.0, 1.0); }
+using Field = Grid<float>;
 
-/// 0 below `from`, 1 above `to`, smooth between; `from` may be the larger one.
-inline double smooth(double from, double to, double v)
-{
-    const double t = clamp01((v - from) / (to - from));
-    return t * t * (3 - 2 * t);
-}
+/// What lies beyond the left and right edge; beyond the upper and lower one the edge goes on.
+enum class Sides { GoOn, MeetAround };
+
+/// Averages over a square of 2 `radius` + 1 pixels, two times.
+Field blurred(Field field, int radius, Sides sides = Sides::GoOn);
+
+template <class T> struct Covered {
+    Vector<T> colour; // not multiplied by alpha
+    T alpha = 0;      // 0 = nothing there
+};
+
+/// A pixel in linear light.
+using Pixel = Covered<double>;
+using Picture = Grid<Pixel>;
 
 inline double toLinear(double s) { return s <= 0.04045 ? s / 12.92 : std::pow((s + 0.055) / 1.055, 2.4); }
 inline double toSrgb(double l)
@@ -47,125 +62,48 @@ inline double toSrgb(double l)
     l = clamp01(l);
     return l <= 0.0031308 ? l * 12.92 : 1.055 * std::pow(l, 1 / 2.4) - 0.055;
 }
+inline Vec toLinear(Vec s) { return {toLinear(s.x), toLinear(s.y), toLinear(s.z)}; }
+inline Vec toSrgb(Vec l) { return {toSrgb(l.x), toSrgb(l.y), toSrgb(l.z)}; }
 
-/// A colour as it is written in a style sheet, in linear light.
-inline Vec hex(std::uint32_t rgb)
+/// A colour as it is written in a style sheet, its parts from 0 to 1 as the screen takes them.
+template <class T> Vector<T> screenHex(std::uint32_t rgb)
 {
-    return {toLinear((rgb >> 16 & 255) / 255.0), toLinear((rgb >> 8 & 255) / 255.0),
-            toLinear((rgb & 255) / 255.0)};
+    return {(rgb >> 16 & 255) / T(255), (rgb >> 8 & 255) / T(255), (rgb & 255) / T(255)};
 }
 
-[[noreturn]] inline void fail(const std::string &why)
+/// The same in linear light.
+inline Vec hex(std::uint32_t rgb) { return toLinear(screenHex<double>(rgb)); }
+
+/// A pixel as a file holds it: 1 byte for grey, 3 for red, green and blue, 4 with alpha.
+template <std::size_t N> using Bytes = std::array<std::uint8_t, N>;
+
+template <class T> std::uint8_t byteOf(T share)
 {
-    std::fprintf(stderr, "%s\n", why.c_str());
-    std::exit(1);
+    return static_cast<std::uint8_t>(std::lround(clamp01(share) * 255));
 }
 
-struct Pixel {
-    Vec colour;       // linear light, not multiplied by alpha
-    double alpha = 1; // 0 = nothing there
-};
+/// Takes a colour as the screen does, not in linear light.
+template <class T> Bytes<3> bytesOf(Vector<T> c) { return {byteOf(c.x), byteOf(c.y), byteOf(c.z)}; }
 
-struct Picture {
-    int width = 0, height = 0;
-    std::vector<Pixel> pixels;
-
-    Picture() = default;
-    Picture(int w, int h) : width(w), height(h), pixels(static_cast<std::size_t>(w) * h) {}
-
-    Pixel &at(int x, int y) { return pixels[static_cast<std::size_t>(y) * width + x]; }
-    const Pixel &at(int x, int y) const { return pixels[static_cast<std::size_t>(y) * width + x]; }
-};
-
-inline Picture readPng(const std::string &path)
+inline Bytes<4> withAlpha(const Bytes<3> &colour, std::uint8_t alpha)
 {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    if (!png_image_begin_read_from_file(&image, path.c_str()))
-        fail("cannot read " + path);
-    image.format = PNG_FORMAT_RGBA;
-    std::vector<std::uint8_t> bytes(PNG_IMAGE_SIZE(image));
-    if (!png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr))
-        fail("cannot decode " + path);
-    std::array<double, 256> linear{};
-    for (int i = 0; i < 256; ++i)
-        linear[i] = toLinear(i / 255.0);
-    Picture picture(static_cast<int>(image.width), static_cast<int>(image.height));
-    for (std::size_t i = 0; i < picture.pixels.size(); ++i)
-        picture.pixels[i] = {{linear[bytes[4 * i]], linear[bytes[4 * i + 1]], linear[bytes[4 * i + 2]]},
-                             bytes[4 * i + 3] / 255.0};
-    return picture;
+    return {colour[0], colour[1], colour[2], alpha};
 }
 
-/// Writes interleaved 8-bit samples; `channels` is 1 (grey), 3 (RGB) or 4 (RGB and alpha).
-inline void writePng(const std::string &path, int width, int height, int channels,
-                     const std::vector<std::uint8_t> &bytes)
+/// These end the program when the file cannot be read or written.
+Grid<Bytes<4>> readPng(const std::string &path);
+void writePng(const std::string &path, int width, int height, std::size_t channels, const void *bytes);
+template <std::size_t N> void writePng(const std::string &path, const Grid<Bytes<N>> &picture)
 {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(width);
-    image.height = static_cast<png_uint_32>(height);
-    image.format = channels == 1 ? PNG_FORMAT_GRAY : channels == 3 ? PNG_FORMAT_RGB : PNG_FORMAT_RGBA;
-    if (!png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr))
-        fail("cannot write " + path);
+    writePng(path, picture.width, picture.height, N, picture.pixels.data());
 }
 
-inline std::uint32_t hash(std::uint32_t x, std::uint32_t y, std::uint32_t z)
+/// A file's pixels, their parts from 0 to 1 as the screen takes them.
+template <class T> Grid<Covered<T>> readPixels(const std::string &path)
 {
-    std::uint32_t h = x * 0x8da6b343u ^ y * 0xd8163841u ^ z * 0xcb1ab31fu;
-    h = (h ^ h >> 15) * 0x2c1b3c6du;
-    h = (h ^ h >> 12) * 0x297a2d39u;
-    return h ^ h >> 15;
-}
-
-/// A number in [0, 1) that depends on nothing but its arguments.
-inline double chance(std::uint32_t x, std::uint32_t y = 0, std::uint32_t z = 0)
-{
-    return hash(x, y, z) / 4294967296.0;
-}
-
-/// Smooth noise in about [-1, 1], one feature a unit of length.
-inline double noise(Vec p)
-{
-    const double fx = std::floor(p.x), fy = std::floor(p.y), fz = std::floor(p.z);
-    const auto ix = static_cast<std::uint32_t>(static_cast<std::int64_t>(fx));
-    const auto iy = static_cast<std::uint32_t>(static_cast<std::int64_t>(fy));
-    const auto iz = static_cast<std::uint32_t>(static_cast<std::int64_t>(fz));
-    const Vec f{p.x - fx, p.y - fy, p.z - fz};
-    const auto fade = [](double t) { return t * t * t * (t * (t * 6 - 15) + 10); };
-    const auto corner = [&](std::uint32_t dx, std::uint32_t dy, std::uint32_t dz) {
-        const std::uint32_t h = hash(ix + dx, iy + dy, iz + dz);
-        const Vec d{f.x - dx, f.y - dy, f.z - dz};
-        const double u = (h & 8) ? d.y : d.x;
-        const double v = (h & 4) ? d.z : (h & 8) ? d.x : d.y;
-        return ((h & 1) ? -u : u) + ((h & 2) ? -v : v);
-    };
-    const double u = fade(f.x), v = fade(f.y), w = fade(f.z);
-    return mix(mix(mix(corner(0, 0, 0), corner(1, 0, 0), u), mix(corner(0, 1, 0), corner(1, 1, 0), u), v),
-               mix(mix(corner(0, 0, 1), corner(1, 0, 1), u), mix(corner(0, 1, 1), corner(1, 1, 1), u), v), w);
-}
-
-/// Noise summed over octaves, each half as strong and twice as fine as the one before.
-inline double fractal(Vec p, int octaves)
-{
-    double sum = 0, strength = 1;
-    for (int i = 0; i < octaves; ++i, strength *= 0.5) {
-        sum += strength * noise(p);
-        p = Vec{p.x * 2.03 + 11.3, p.y * 2.03 - 7.1, p.z * 2.03 + 3.7};
-    }
-    return sum;
-}
-
-/// Noise with sharp crests, 0 in the valleys to about 1 on the crests.
-inline double ridged(Vec p, int octaves)
-{
-    double sum = 0, strength = 0.5;
-    for (int i = 0; i < octaves; ++i, strength *= 0.5) {
-        const double crest = 1 - std::fabs(noise(p));
-        sum += strength * crest * crest;
-        p = Vec{p.x * 2.1 + 5.3, p.y * 2.1 + 1.7, p.z * 2.1 - 9.2};
-    }
-    return sum;
+    return mapped(readPng(path), [](const Bytes<4> &p) {
+        return Covered<T>{{p[0] / T(255), p[1] / T(255), p[2] / T(255)}, p[3] / T(255)};
+    });
 }
 
 } // namespace art

@@ -1,8 +1,11 @@
 // Shapes the asteroids: writes each as a mesh for the renderer, with craters cut into the surface.
+#include <array>
 #include <fstream>
 #include <map>
+#include <utility>
 
-#include "picture.h"
+#include "art/noise.h"
+#include "art/picture.h"
 
 using namespace art;
 
@@ -133,7 +136,7 @@ double bowl(double d)
 double heightAt(const Rock &rock, const std::vector<Crater> &craters, Vec way)
 {
     const Vec offset{rock.seed * 1.7, rock.seed * 0.6, rock.seed * 2.3};
-    double h = 1 / length({way.x / rock.stretch.x, way.y / rock.stretch.y, way.z / rock.stretch.z});
+    double h = 1 / length(Vec{way.x / rock.stretch.x, way.y / rock.stretch.y, way.z / rock.stretch.z});
     h *= 1 - rock.waist * std::exp(-(way.x - 0.08) * (way.x - 0.08) / 0.09);
     h += rock.lumps * fractal(way * 1.5 + offset, 3);
     for (int i = 0; i < rock.planes; ++i) {

@@ -3,7 +3,6 @@
 # explosion.sh OUTPUT.WAV
 set -eu
 [ $# -eq 1 ] || { echo "usage: explosion.sh OUTPUT.WAV" >&2; exit 1; }
-command -v sox >/dev/null || { echo "explosion.sh: sox is missing (package sox)" >&2; exit 1; }
 dir=$(mktemp -d)
 trap 'rm -rf "$dir"' EXIT
 

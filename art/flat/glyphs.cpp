@@ -1,10 +1,14 @@
-#include "glyphs.h"
+#include "art/flat/glyphs.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
+#include <vector>
+
+namespace art
+{
 
 namespace
 {
@@ -130,7 +134,7 @@ constexpr int kSamples = 8;
 constexpr int kStrokeRows = 16;
 
 /// Ink and light of one pixel: the strokes are tubes under a lamp at the upper left.
-void samplePixel(const std::vector<Stroke> &strokes, int px, int py, float &ink, float &light)
+Dot samplePixel(const std::vector<Stroke> &strokes, int px, int py)
 {
     int hits = 0;
     float sum = 0;
@@ -149,8 +153,7 @@ void samplePixel(const std::vector<Stroke> &strokes, int px, int py, float &ink,
             sum += best;
         }
     }
-    ink = float(hits) / (kSamples * kSamples);
-    light = hits ? sum / hits : 0;
+    return {float(hits) / (kSamples * kSamples), hits ? sum / hits : 0};
 }
 
 } // namespace
@@ -169,7 +172,7 @@ Alphabet readDots(const std::string &path)
                 if (row.size() != names.size() || row[i].size() != first.size())
                     fail(path + ": uneven rows under \"" + block[0] + "\"");
                 for (int x = 0; x < letter.width; ++x)
-                    letter.ink[std::size_t(y) * letter.width + x] = row[i][x] == '#';
+                    letter.at(x, y).ink = row[i][x] == '#';
             }
             if (names[i].size() != 1 || !alphabet.emplace(names[i][0], letter).second)
                 fail(path + ": " + names[i] + " is not one new character");
@@ -188,11 +191,19 @@ Alphabet readStrokes(const std::string &path)
         for (std::size_t i = 1; i < block.size(); ++i)
             strokes.push_back(parseStroke(block[i]));
         for (int y = 0; y < letter.height; ++y)
-            for (int x = 0; x < letter.width; ++x) {
-                const std::size_t i = std::size_t(y) * letter.width + x;
-                samplePixel(strokes, x, y, letter.ink[i], letter.light[i]);
-            }
+            for (int x = 0; x < letter.width; ++x)
+                letter.at(x, y) = samplePixel(strokes, x, y);
         alphabet[head[0][0]] = letter;
     }
     return alphabet;
 }
+
+const Letter &letterOf(const Alphabet &alphabet, char c)
+{
+    const auto found = alphabet.find(c);
+    if (found == alphabet.end())
+        fail(std::string("no letter drawn for ") + c);
+    return found->second;
+}
+
+} // namespace art

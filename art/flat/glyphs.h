@@ -3,27 +3,29 @@
 
 #include <map>
 #include <string>
-#include <vector>
 
-#include "image.h"
+#include "art/flat/drawing.h"
 
-/// One letter: a mask of ink, 0 to 1, and the light that falls on the ink.
-struct Letter {
-    int width = 0, height = 0;
-    std::vector<float> ink, light;
+namespace art
+{
 
-    Letter() = default;
-    Letter(int w, int h) : width(w), height(h), ink(std::size_t(w) * h), light(std::size_t(w) * h, 1) {}
-    float inkAt(int x, int y) const
-    {
-        return x < 0 || y < 0 || x >= width || y >= height ? 0 : ink[std::size_t(y) * width + x];
-    }
+struct Dot {
+    float ink = 0;   // 0 to 1
+    float light = 1; // what falls on the ink, -1 to 1
 };
 
+using Letter = Grid<Dot>;
+
+/// Letters by their character.
 using Alphabet = std::map<char, Letter>;
 
-/// Rows of # and . (art/flat/font.txt); letters keep the height of their block.
+/// Rows of # and . (font.txt); letters keep the height of their block.
 Alphabet readDots(const std::string &path);
 
-/// Strokes two pixels wide (art/flat/font_big.txt).
+/// Strokes two pixels wide (font_big.txt).
 Alphabet readStrokes(const std::string &path);
+
+/// Ends the program when there is none.
+const Letter &letterOf(const Alphabet &alphabet, char c);
+
+} // namespace art

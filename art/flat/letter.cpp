@@ -5,9 +5,11 @@
 // The shadow falls one pixel to the right and down, away from the sun.
 
 #include <cstdlib>
-#include <cstring>
+#include <string>
 
-#include "glyphs.h"
+#include "art/flat/glyphs.h"
+
+using namespace art;
 
 namespace
 {
@@ -18,16 +20,16 @@ int widthOf(const std::string &word, const Alphabet &alphabet)
 {
     int width = -kGap;
     for (char c : word)
-        width += (c == ' ' ? kSpace : alphabet.at(c).width) + kGap;
+        width += (c == ' ' ? kSpace : letterOf(alphabet, c).width) + kGap;
     return width;
 }
 
-void put(Image &picture, const Letter &letter, int left, int top, Colour from, Colour to)
+void put(Drawing &picture, const Letter &letter, int left, int top, Colour from, Colour to)
 {
     for (int y = 0; y < letter.height; ++y)
         for (int x = 0; x < letter.width; ++x)
-            if (letter.inkAt(x, y) > 0.5f && picture.contains(left + x, top + y))
-                picture.at(left + x, top + y) = mix(from, to, float(y) / (letter.height - 1));
+            if (letter.at(x, y).ink > 0.5f && picture.contains(left + x, top + y))
+                picture.at(left + x, top + y).colour = mix(from, to, float(y) / (letter.height - 1));
 }
 
 } // namespace
@@ -36,12 +38,9 @@ int main(int argc, char **argv)
 {
     if (argc != 9)
         fail("usage: letter PICTURE.PNG LETTERS.TXT WORD CENTRE-X TOP #TOP #FOOT #SHADOW");
-    Image picture = readPng(argv[1]);
+    Drawing picture = readPixels<float>(argv[1]);
     const Alphabet alphabet = readDots(argv[2]);
     const std::string word = argv[3];
-    for (char c : word)
-        if (c != ' ' && alphabet.find(c) == alphabet.end())
-            fail(std::string("no letter drawn for ") + c);
     const int left = std::atoi(argv[4]) - widthOf(word, alphabet) / 2, top = std::atoi(argv[5]);
     for (int layer = 1; layer >= 0; --layer) {
         int x = left;
@@ -50,13 +49,13 @@ int main(int argc, char **argv)
                 x += kSpace + kGap;
                 continue;
             }
-            const Letter &letter = alphabet.at(c);
+            const Letter &letter = letterOf(alphabet, c);
             if (layer)
-                put(picture, letter, x + 1, top + 1, hex(argv[8]), hex(argv[8]));
+                put(picture, letter, x + 1, top + 1, parseRgb(argv[8]), parseRgb(argv[8]));
             else
-                put(picture, letter, x, top, hex(argv[6]), hex(argv[7]));
+                put(picture, letter, x, top, parseRgb(argv[6]), parseRgb(argv[7]));
             x += letter.width + kGap;
         }
     }
-    writePng(picture, argv[1]);
+    writeDrawing(argv[1], picture);
 }

@@ -2,41 +2,27 @@
 # Makes the fonts, the flat pictures, the icon and the sound in data/ from the drawings
 # beside this script.
 set -eu
-here=$(cd "$(dirname "$0")" && pwd)
-data=$here/../../data
+cd "$(dirname "$0")/../.."
+. scripts/packages.sh
 
-packages=
-need() { # COMMAND PACKAGE
-    command -v "$1" >/dev/null || packages="$packages $2"
-}
-need g++ g++
-need rsvg-convert librsvg2-bin
-need sox sox
-need convert imagemagick
-[ -e /usr/include/png.h ] || packages="$packages libpng-dev"
-if [ -n "$packages" ]; then
-    echo "art/flat/make.sh: installing$packages"
-    root=
-    [ "$(id -u)" -eq 0 ] || root=sudo
-    # shellcheck disable=SC2086
-    $root apt-get install -y --no-install-recommends $packages ||
-        { echo "art/flat/make.sh: needs$packages" >&2; exit 1; }
-fi
-
+# shellcheck disable=SC2086 # one word a package
+install_missing $ART_PACKAGES
+here=$PWD/art/flat
+data=$PWD/data
+mkdir -p "$data"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir -p "$data"
 
-build() { # PROGRAM SOURCE...
-    program=$1
-    shift
-    (cd "$here" && g++ -std=c++17 -O2 -Wall -Wextra -o "$work/$program" "$@" image.cpp -lpng)
+build() # PROGRAM [SOURCE]
+{
+    g++ -std=c++20 -O2 -Wall -Wextra -I. "art/flat/$1.cpp" ${2:+"art/flat/$2"} art/picture.cpp \
+        -o "$work/$1" -lpng
 }
-build fontstrip fontstrip.cpp glyphs.cpp
-build letter letter.cpp glyphs.cpp
-build relief relief.cpp
-build reduce reduce.cpp
-build globe globe.cpp
+build fontstrip glyphs.cpp
+build letter glyphs.cpp
+build relief
+build reduce
+build globe
 
 cp "$here"/*.svg "$work"
 cd "$work"
@@ -46,13 +32,13 @@ echo '.height,.glow{display:none}' >colour.css
 echo '.height,.colour{display:none}' >glow.css
 
 # lit DRAWING WIDTH HEIGHT OUTPUT [mirror]: the drawing's layers, lit, still large.
-lit() {
+lit()
+{
     for layer in height colour glow; do
         rsvg-convert --stylesheet "$layer.css" -w $(($2 * scale)) -h $(($3 * scale)) \
             "$1.svg" -o "layer-$layer.png"
     done
-    # shellcheck disable=SC2086
-    ./relief layer-height.png layer-colour.png layer-glow.png "$4" "$scale" ${5:-}
+    ./relief layer-height.png layer-colour.png layer-glow.png "$4" "$scale" ${5:+"$5"}
 }
 
 ./fontstrip "$here/font.txt" "$here/font_big.txt" "$data"
@@ -75,15 +61,14 @@ lit shop 240 320 big.png
 ./letter "$data/shop.png" "$here/labels.txt" "BUY" 63 286 '#FFF8E8' '#FFD28C' '#2A1804'
 ./letter "$data/shop.png" "$here/labels.txt" "BACK TO GAME" 173 286 '#F4FCFF' '#A8E4FF' '#04141E'
 
-icons=
+set -- # gathers the sizes that the icon file holds
 for size in 16 32 48 64 128 256; do
     drawing=icon
-    [ "$size" -gt 16 ] || [ ! -e icon-small.svg ] || drawing=icon-small
+    [ "$size" -gt 16 ] || drawing=icon-small
     rsvg-convert -w $((size * 4)) -h $((size * 4)) "$drawing.svg" -o big.png
     ./reduce big.png "$data/icon-$size.png" "$size" "$size" alpha
-    [ "$size" -eq 128 ] || icons="$icons $data/icon-$size.png"
+    [ "$size" -eq 128 ] || set -- "$@" "$data/icon-$size.png"
 done
-# shellcheck disable=SC2086
-convert $icons "$data/icon.ico"
+convert "$@" "$data/icon.ico"
 
-sh "$here/explosion.sh" "$data/explosion.wav"
+"$here/explosion.sh" "$data/explosion.wav"

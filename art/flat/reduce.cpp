@@ -13,34 +13,38 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
+#include <string>
 
-#include "image.h"
+#include "art/flat/drawing.h"
+
+using namespace art;
 
 namespace
 {
 
-float toLinear(float v) { return std::pow(v, 2.2f); }
-float toScreen(float v) { return std::pow(std::max(v, 0.0f), 1 / 2.2f); }
+// Light by a plain power instead of the screen's exact curve: the drawings are balanced for it.
+constexpr float kGamma = 2.2f;
+float lightOf(float v) { return std::pow(v, kGamma); }
+float screenOf(float light) { return std::pow(std::max(light, 0.0f), 1 / kGamma); }
 
-/// Mean of the source pixels under one target pixel, weighted by alpha, in linear light.
-Colour average(const Image &source, double x0, double y0, double x1, double y1)
+/// Mean of the source pixels under one target pixel, weighted by alpha, in light.
+Paint average(const Drawing &source, double x0, double y0, double x1, double y1)
 {
-    double r = 0, g = 0, b = 0, a = 0, area = 0;
+    Vec sum;
+    double cover = 0, area = 0;
     for (int y = int(y0); y < std::min(source.height, int(std::ceil(y1))); ++y)
         for (int x = int(x0); x < std::min(source.width, int(std::ceil(x1))); ++x) {
             const double part = (std::min(x1, x + 1.0) - std::max(x0, double(x))) *
                                 (std::min(y1, y + 1.0) - std::max(y0, double(y)));
-            const Colour &c = source.at(x, y);
+            const auto &[colour, alpha] = source.at(x, y);
+            sum = sum + Vec{lightOf(colour.x), lightOf(colour.y), lightOf(colour.z)} * (part * alpha);
+            cover += part * alpha;
             area += part;
-            a += part * c.a;
-            r += part * c.a * toLinear(c.r);
-            g += part * c.a * toLinear(c.g);
-            b += part * c.a * toLinear(c.b);
         }
-    if (a <= 0)
-        return {0, 0, 0, 0};
-    return {toScreen(float(r / a)), toScreen(float(g / a)), toScreen(float(b / a)), float(a / area)};
+    if (cover <= 0)
+        return {};
+    return {{screenOf(float(sum.x / cover)), screenOf(float(sum.y / cover)), screenOf(float(sum.z / cover))},
+            float(cover / area)};
 }
 
 /// 0 to just under 1, an 8 x 8 pattern that spreads its values evenly.
@@ -73,36 +77,38 @@ float dithered(float value, int bits, float threshold)
     return float(shown(level + up, bits)) / 255;
 }
 
+Colour dithered(Colour c, float threshold)
+{
+    return {dithered(c.x, 5, threshold), dithered(c.y, 6, threshold), dithered(c.z, 5, threshold)};
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     if (argc < 6)
         fail("usage: reduce INPUT.PNG OUTPUT.PNG WIDTH HEIGHT opaque|alpha|key|corner [#RRGGBB]");
-    const Image source = readPng(argv[1]);
+    const Drawing source = readPixels<float>(argv[1]);
     const int w = std::atoi(argv[3]), h = std::atoi(argv[4]);
     const std::string mode = argv[5];
     const bool keyed = mode == "key" || mode == "corner";
     if (w < 1 || h < 1 || keyed != (argc == 7) || (!keyed && mode != "opaque" && mode != "alpha"))
         fail("reduce: bad size or mode");
-    const Colour key = keyed ? hex(argv[6]) : Colour{};
+    const Colour key = keyed ? parseRgb(argv[6]) : Colour{};
     const double sx = double(source.width) / w, sy = double(source.height) / h;
-    Image result(w, h);
+    Drawing result(w, h);
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x) {
-            Colour c = average(source, x * sx, y * sy, (x + 1) * sx, (y + 1) * sy);
-            if (mode != "alpha") {
-                const float t = pattern(x, y);
-                c = {dithered(c.r, 5, t), dithered(c.g, 6, t), dithered(c.b, 5, t), c.a};
-            }
-            if (keyed && c.a < 0.5f)
-                c = key;
-            else if (keyed && c.r == key.r && c.g == key.g && c.b == key.b)
-                c.g += 4 / 255.0f;
-            result.at(x, y) = c;
+            Paint &p = result.at(x, y);
+            p = average(source, x * sx, y * sy, (x + 1) * sx, (y + 1) * sy);
+            if (mode != "alpha")
+                p.colour = dithered(p.colour, pattern(x, y));
+            if (keyed && p.alpha < 0.5f)
+                p.colour = key;
+            else if (keyed && p.colour == key)
+                p.colour.y += 4 / 255.0f;
         }
-    const Colour first = result.at(0, 0);
-    if (mode == "corner" && (first.r != key.r || first.g != key.g || first.b != key.b))
+    if (mode == "corner" && result.at(0, 0).colour != key)
         fail(std::string(argv[2]) + ": the top-left pixel is not free");
-    writePng(result, argv[2], mode == "alpha" ? Alpha::Keep : Alpha::Drop);
+    writeDrawing(argv[2], result, mode == "alpha" ? Alpha::Keep : Alpha::Drop);
 }

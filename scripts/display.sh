@@ -36,7 +36,7 @@ start_display()
     export LSAN_OPTIONS=suppressions=$work/known_leaks:print_suppressions=0
 }
 
-# wait_for WHAT COMMAND...: until the command succeeds, ten seconds at most.
+# wait_for WHAT COMMAND...: until the command succeeds, a hundred tries at most.
 wait_for()
 {
     local what=$1

@@ -1,5 +1,6 @@
 # For tests on a real display: a display server of their own, bounded waiting, pictures, the way into a game.
 # To be sourced by bash. After `start_display` there is $work, a folder that goes with the test, and DISPLAY.
+# shellcheck shell=bash disable=SC2034,SC2154
 
 started_in=$PWD
 

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "platform/desktop/screen_layout.h"
+
+#include <gtest/gtest.h>
 
 namespace platform
 {

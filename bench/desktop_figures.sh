@@ -4,8 +4,8 @@
 #   desktop_figures.sh [FOLDER_OF_THE_PROGRAMS, build/release/bin by default]
 set -eu
 
-# shellcheck source=scripts/desktop_demo.sh
-. "$(dirname "$0")/../scripts/desktop_demo.sh"
+# shellcheck source=tests/support/desktop_demo.sh
+. "$(dirname "$0")/../tests/support/desktop_demo.sh"
 
 seconds=10
 starts=9

@@ -5,7 +5,7 @@
 set -eu
 
 programs=$(cd "$1" && pwd)
-. "$(dirname "$0")/../scripts/display.sh"
+. "$(dirname "$0")/support/display.sh"
 
 # ends_well WHAT [LOG]: the game ends by itself, and its log is whole.
 ends_well()

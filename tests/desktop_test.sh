@@ -4,8 +4,8 @@
 #   desktop_test.sh [FOLDER_OF_THE_PROGRAMS, build/release/bin by default]
 set -eu
 
-# shellcheck source=scripts/desktop_demo.sh
-. "$(dirname "$0")/../scripts/desktop_demo.sh"
+# shellcheck source=tests/support/desktop_demo.sh
+. "$(dirname "$0")/support/desktop_demo.sh"
 
 # expect WHAT LINE...: the program's next lines, so that a line too many is seen too.
 expect()

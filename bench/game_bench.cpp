@@ -50,7 +50,10 @@ void addMissile(GameState &state, std::int32_t id, std::int32_t x, std::int32_t 
     EventBus::instance().post<MissileLaunchedEvent>(id);
 }
 
-/// A busy moment of a survival game: 12 asteroids, 3 missiles, 8 explosions.
+/// When an explosion is at its largest.
+constexpr std::uint32_t kExplosionHeightMs = 240;
+
+/// A busy moment of a survival game: 12 asteroids, 3 missiles, 8 explosions at their height.
 struct BusyGame {
     GameState state;
     GameScreen screen;
@@ -73,6 +76,8 @@ struct BusyGame {
         for (std::int32_t i = 0; i < 8; ++i)
             EventBus::instance().post<AsteroidDestroyedEvent>(-1, 25 + i * 27, 40 + i * 53 % 210);
         EventBus::instance().dispatchAll();
+        for (auto &[id, explosion] : state.explosions)
+            explosion.sprite.update(platform::GetTickCount() + kExplosionHeightMs);
     }
 };
 

@@ -16,6 +16,10 @@ namespace
 using Rgb = Bytes<3>;
 using Sheet = Grid<Rgb>;
 
+// The keys: pixels of these colours are left out when a picture is drawn.
+constexpr Rgb kBlack{0, 0, 0};
+constexpr Rgb kMagenta{255, 0, 255};
+
 Picture readPicture(const std::string &path)
 {
     Picture picture = readPixels<double>(path);
@@ -85,66 +89,87 @@ Rgb screenColour(Vec c, double shift = 0)
 /// An object's pixel must never be the key, black: its darkest shade is a night blue.
 Rgb solid(Rgb c) { return c[0] < 8 && c[1] < 8 && c[2] < 16 ? Rgb{8, 8, 16} : c; }
 
-void cut(const Picture &frame, Sheet &sheet, int left, int top)
+Sheet cutOut(const std::string &in, int width, int height, double sharpness)
 {
-    for (int y = 0; y < frame.height; ++y)
-        for (int x = 0; x < frame.width; ++x)
-            if (frame.at(x, y).alpha >= 0.5)
-                sheet.at(left + x, top + y) = solid(screenColour(frame.at(x, y).colour));
+    Picture picture = reduced(readPicture(in), width, height);
+    sharpen(picture, sharpness);
+    return mapped(picture,
+                  [](const Pixel &p) { return p.alpha >= 0.5 ? solid(screenColour(p.colour)) : kBlack; });
+}
+
+/// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern.
+/// The pattern decides within a narrow range only, so that the smoke tears into wisps instead of turning into
+/// a mesh.
+Sheet blastFrame(const std::string &in, int width, int height, Rgb key)
+{
+    Sheet sheet(width, height, key);
+    Picture frame = reduced(readPicture(in), width, height);
+    sharpen(frame, 0.5);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            const double step = (kBayer[y & 3][x & 3] + 0.5) / 16;
+            const Pixel &p = frame.at(x, y);
+            if (p.alpha > 0.30 + 0.26 * step)
+                sheet.at(x, y) = screenColour(p.colour, (step - 0.5) * 0.8);
+        }
+    return sheet;
+}
+
+/// Empty rows to be cut off above and below a frame: as many on both sides, so that its centre stays where it
+/// was. At least two rows remain.
+int emptyMargin(const Sheet &frame, Rgb key)
+{
+    const auto isEmpty = [&](int y) {
+        const auto row = frame.pixels.begin() + static_cast<long>(y) * frame.width;
+        return std::all_of(row, row + frame.width, [&](const Rgb &pixel) { return pixel == key; });
+    };
+    int margin = 0;
+    while (2 * margin + 2 < frame.height && isEmpty(margin) && isEmpty(frame.height - 1 - margin))
+        ++margin;
+    return margin;
 }
 
 // The marker column's colours: rows of a frame, and the row between two frames.
 constexpr Rgb kMarker{255, 255, 255};
 constexpr Rgb kBetween{255, 0, 0};
 
-Sheet emptyStrip(int width, int height, int frames, Rgb key)
+/// Stacks frames of one width without their empty rows: the game has less to draw.
+void writeStrip(const std::string &out, const std::vector<Sheet> &frames, Rgb key)
 {
-    Sheet strip(width + 1, frames * (height + 1) - 1, key);
-    for (int y = 0; y < strip.height; ++y)
-        strip.at(0, y) = y % (height + 1) == height ? kBetween : kMarker;
-    return strip;
+    const int width = frames.at(0).width;
+    Sheet strip;
+    strip.width = 1 + width;
+    const auto addRow = [&](Rgb marker, const Rgb *row) {
+        strip.pixels.push_back(marker);
+        strip.pixels.insert(strip.pixels.end(), row, row + width);
+        ++strip.height;
+    };
+    const std::vector<Rgb> nothing(static_cast<std::size_t>(width), key);
+    for (const Sheet &frame : frames) {
+        if (strip.height > 0)
+            addRow(kBetween, nothing.data());
+        const int margin = emptyMargin(frame, key);
+        for (int y = margin; y < frame.height - margin; ++y)
+            addRow(kMarker, &frame.at(0, y));
+    }
+    writePng(out, strip);
 }
 
 void packStrip(const std::string &out, int width, int height, double sharpness,
                const std::vector<std::string> &in)
 {
-    Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {0, 0, 0});
-    for (std::size_t i = 0; i < in.size(); ++i) {
-        Picture frame = reduced(readPicture(in[i]), width, height);
-        sharpen(frame, sharpness);
-        cut(frame, strip, 1, static_cast<int>(i) * (height + 1));
-    }
-    writePng(out, strip);
+    std::vector<Sheet> frames;
+    for (const std::string &file : in)
+        frames.push_back(cutOut(file, width, height, sharpness));
+    writeStrip(out, frames, kBlack);
 }
 
-void packPicture(const std::string &out, int width, int height, double sharpness, const std::string &in)
-{
-    Sheet sheet(width, height, {0, 0, 0});
-    Picture frame = reduced(readPicture(in), width, height);
-    sharpen(frame, sharpness);
-    cut(frame, sheet, 0, 0);
-    writePng(out, sheet);
-}
-
-/// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern.
-/// The pattern decides within a narrow range only, so that the smoke tears into wisps instead of turning into
-/// a mesh.
 void packBlast(const std::string &out, int width, int height, const std::vector<std::string> &in)
 {
-    Sheet strip = emptyStrip(width, height, static_cast<int>(in.size()), {255, 0, 255});
-    for (std::size_t i = 0; i < in.size(); ++i) {
-        Picture frame = reduced(readPicture(in[i]), width, height);
-        sharpen(frame, 0.5);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) {
-                const double step = (kBayer[y & 3][x & 3] + 0.5) / 16;
-                const Pixel &p = frame.at(x, y);
-                if (p.alpha > 0.30 + 0.26 * step)
-                    strip.at(1 + x, static_cast<int>(i) * (height + 1) + y) =
-                        screenColour(p.colour, (step - 0.5) * 0.8);
-            }
-    }
-    writePng(out, strip);
+    std::vector<Sheet> frames;
+    for (const std::string &file : in)
+        frames.push_back(blastFrame(file, width, height, kMagenta));
+    writeStrip(out, frames, kMagenta);
 }
 
 /// The night sky at a pixel: near black, a breath of indigo and teal along a slanting band.
@@ -283,7 +308,7 @@ int main(int argc, char **argv)
     if (a.size() >= 6 && a[0] == "strip")
         packStrip(a[1], std::stoi(a[2]), std::stoi(a[3]), std::stod(a[4]), rest(5));
     else if (a.size() == 6 && a[0] == "picture")
-        packPicture(a[1], std::stoi(a[2]), std::stoi(a[3]), std::stod(a[4]), a[5]);
+        writePng(a[1], cutOut(a[5], std::stoi(a[2]), std::stoi(a[3]), std::stod(a[4])));
     else if (a.size() >= 5 && a[0] == "blast")
         packBlast(a[1], std::stoi(a[2]), std::stoi(a[3]), rest(4));
     else if (a.size() == 6 && a[0] == "scene")

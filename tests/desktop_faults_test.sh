@@ -7,14 +7,19 @@ set -eu
 programs=$(cd "$1" && pwd)
 . "$(dirname "$0")/support/display.sh"
 
-# ends_well WHAT [LOG]: the game ends by itself, and its log is whole.
+# ends_well WHAT: the game ends by itself, and its log, if it can have one, is whole.
 ends_well()
 {
-    local result=0
+    local log=$folder/log.txt
     wait_for "the end, $1" ended "$game"
-    wait "$game" || result=$?
-    [ $result -eq 0 ] || fail "$1: exit code $result"
-    [ -z "${2:-}" ] || [ "$(tail -n 1 "$2")" = "Main loop stopped" ] || fail "$1: the log: $(cat "$2")"
+    wait "$game" || fail "$1: exit code $?"
+    [ ! -e "$log" ] || [ "$(tail -n 1 "$log")" = "Main loop stopped" ] || fail "$1: the log: $(cat "$log")"
+}
+
+stop()
+{
+    kill "$game"
+    ends_well "$1"
 }
 
 # Missiles that explode nearby, and soon.
@@ -27,51 +32,40 @@ make_noise()
     done
 }
 
-new_folder() { mktemp -d "$work/XXXXXX"; }
+new_folder() { folder=$(mktemp -d "$work/XXXXXX"); }
 
 test_kill()
 {
-    local folder
-    folder=$(new_folder)
+    new_folder
     start "$folder"
     kill -KILL $game
     wait $game 2> /dev/null || true
     start "$folder"
     wait_for "a picture after the start that followed a violent end" shows "$menus/top.png"
-    kill $game
-    ends_well "after a start that followed a violent end" "$folder/log.txt"
+    stop "after a start that followed a violent end"
 }
 
 # Folders into which no log can be written: nobody writes into the first, and the second is gone.
 test_folders()
 {
-    local gone
-    gone=$(new_folder)
-    start /proc
+    folder=/proc
+    start "$folder"
     start_game
-    kill $game
-    ends_well "in a folder that cannot be written"
-
-    (cd "$gone" && rmdir "$gone" && exec "$programs/mygame") &
-    game=$!
-    wait_for "the window in a folder that is gone" find_window
+    stop "in a folder that cannot be written"
+    new_folder
+    start "$folder" rmdir "$folder"
     wait_for "a picture in a folder that is gone" shows "$menus/top.png"
-    kill $game
-    ends_well "in a folder that is gone"
+    stop "in a folder that is gone"
 }
 
 # Everything that the game loads is gone, its icon included.
 test_no_data()
 {
-    local folder
-    folder=$(new_folder)
+    new_folder
     cp "$programs/mygame" "$folder"
-    (cd "$folder" && exec ./mygame) &
-    game=$!
-    wait_for "the window without data" find_window
+    programs=$folder start "$folder"
     make_noise
-    kill $game
-    ends_well "without data" "$folder/log.txt"
+    stop "without data"
 }
 
 # has_open FILE: whether the game has it open.
@@ -81,20 +75,17 @@ has_open() { readlink /proc/$game/fd/* | grep -qxF "$1"; }
 # a device does that was pulled out.
 test_sound()
 {
-    local folder device
-    folder=$(new_folder)
+    local device
+    new_folder
     for device in "$work" /dev/full; do
-        export SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE=$device
-        start "$folder"
+        SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE=$device start "$folder"
         start_game
         make_noise
         [ "$device" = "$work" ] || wait_for "the sound device to be opened" has_open "$device"
         make_noise
         moves || fail "nothing moves without a sound device"
-        kill $game
-        ends_well "with the sound device $device" "$folder/log.txt"
+        stop "with the sound device $device"
     done
-    unset SDL_AUDIODRIVER SDL_DISKAUDIOFILE
 }
 
 one_is_left()
@@ -127,8 +118,7 @@ test_copies()
         done
         [ "$(grep -l 'InitInit Failed' "$work/$round"/*/log.txt | wc -l)" -eq 2 ] ||
             fail "round $round: not two of the three copies say that they found another"
-        kill "$game"
-        ends_well "round $round of the copies"
+        stop "round $round of the copies"
     done
 }
 
@@ -138,36 +128,35 @@ begin()
     start_display
     server=$(jobs -p | tail -n 1)
     draw_menus
+    new_folder
 }
 
-# lose_display WHEN [LOG]
 lose_display()
 {
     kill -KILL "$server"
     wait "$server" 2> /dev/null || true
-    ends_well "when the display went $1" "${@:2}"
+    ends_well "when the display went $1"
     rm -rf "$work"
 }
 
 test_loss_of_display()
 {
-    mkdir "$work/game"
-    start "$work/game"
+    start "$folder"
     start_game
-    lose_display "in a game" "$work/game/log.txt"
+    lose_display "in a game"
 
     begin
-    mkdir "$work/game"
-    start "$work/game"
+    start "$folder"
     start_game
     xdotool windowfocus 1 # No window has the keyboard then.
     wait_for "the game to stand still" stands_still
-    lose_display "in the background" "$work/game/log.txt"
+    lose_display "in the background"
 
     begin
     start_window_manager
     kill -STOP $manager # Now nobody shows the window, for which the game waits.
-    (cd "$work" && exec "$programs/mygame") &
+    folder=/proc        # No log: there is no main loop that could stop.
+    (cd "$folder" && exec "$programs/mygame") &
     game=$!
     wait_for "the window" xdotool search --name '^MyGame$' > /dev/null
     sleep 0.5

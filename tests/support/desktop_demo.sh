@@ -25,19 +25,20 @@ start_demo()
     window=$(xdotool search --pid $demo --name '^MyGame$' | tail -1)
 }
 
-# await_end WHAT: waits for the end of the program, whatever it still writes, and sets `result`, its exit code.
+# await_end WHAT: waits for the end of the program, whatever it still writes; it must be a clean one.
 await_end()
 {
     timeout $patience cat <&4 > /dev/null || fail "$1: the program did not end"
     exec 4<&-
-    result=0
-    wait "$demo" 2> /dev/null || result=$?
+    wait "$demo" 2> /dev/null || fail "$1: exit code $?"
+    [ "$(tail -n 1 log.txt)" = "Main loop stopped" ] || fail "$1: the log: $(cat log.txt)"
 }
 
+# stop_demo [SIGNAL]
 stop_demo()
 {
-    kill "$demo"
-    await_end "end by a signal"
+    kill -"${1:-TERM}" "$demo"
+    await_end "end by a signal, ${1:-TERM}"
 }
 
 wake_ups() { awk '/^voluntary_ctxt/ { sum += $2 } END { print sum }' /proc/"$demo"/task/*/status; }

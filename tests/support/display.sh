@@ -138,10 +138,11 @@ SCRIPT
     (cd "$work" && "$programs/replay" menus.txt --snapshots "$menus")
 }
 
-# start FOLDER: the game with that current folder; sets $game when its window is there.
+# start FOLDER [COMMAND...]: the game with that current folder, after the command; sets $game when its window is
+# there.
 start()
 {
-    (cd "$1" && exec "$programs/mygame") &
+    (cd "$1" && "${@:2}" && exec "$programs/mygame") &
     game=$!
     wait_for "the window" find_window
 }

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/common/program_path.h"
-
 namespace platform::common
 {
 namespace
@@ -28,15 +26,6 @@ TEST(HostPath, ComesBackUnchangedWhateverItsBytes)
     for (const std::string_view path : kOdd)
         EXPECT_EQ(toHostPath(toDevicePath(path)), path) << testing::PrintToString(path);
     EXPECT_EQ(toDevicePath(std::string_view("\u00e4", 1)), u"\xDCC3") << "reads on behind the end";
-}
-
-TEST(ProgramPath, IsCutToTheBufferAndSaysSo)
-{
-    char16_t buffer[] = u"######";
-    EXPECT_EQ(copyPath(u"\\abc", buffer, 5), 4u);
-    EXPECT_EQ(std::u16string(buffer, 6), std::u16string(u"\\abc\0#", 6));
-    EXPECT_EQ(copyPath(u"\\xyz", buffer, 4), 4u);
-    EXPECT_EQ(std::u16string(buffer, 6), std::u16string(u"\\xy\0\0#", 6));
 }
 
 } // namespace

@@ -7,8 +7,6 @@ namespace mygame::tests
 namespace
 {
 
-TEST(PackColour, DropsLowBits) { EXPECT_EQ(packColour(200, 100, 50), 0xCB26); }
-
 TEST(Surface, IsBlackWhenCreatedAndEmptyAfterAnImpossibleSize)
 {
     Surface surface = surfaceOf("ab/");

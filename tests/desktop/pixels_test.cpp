@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/desktop/frame.h"
 #include "platform/desktop/pixel_conversion.h"
 
 namespace platform
@@ -37,20 +36,6 @@ TEST(Pixels, BecomeSquaresAndNothingElseIsWritten)
                 << "element " << i << " at scale " << scale;
         }
     }
-}
-
-TEST(Frames, DifferInTheRowsBetweenTheFirstAndTheLastChange)
-{
-    Frame before{};
-    Frame after{};
-    EXPECT_TRUE(differingRows(before, after).empty());
-    after[3 * kScreenSize.width] = 1;
-    after[8 * kScreenSize.width - 1] = 1;
-    EXPECT_EQ(differingRows(before, after).first, 3);
-    EXPECT_EQ(differingRows(before, after).last, 8);
-    before.fill(2);
-    EXPECT_EQ(differingRows(before, after).first, 0);
-    EXPECT_EQ(differingRows(before, after).last, kScreenSize.height);
 }
 
 } // namespace

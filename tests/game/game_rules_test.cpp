@@ -22,28 +22,6 @@ protected:
     }
 };
 
-TEST_F(GameRulesTest, GiveEachModeAndDifficultyItsAsteroidsAndSlots)
-{
-    constexpr struct {
-        GameMode mode;
-        Difficulty difficulty;
-        std::size_t asteroids;
-        std::int32_t slots;
-    } kGames[] = {
-        {GameMode::Campaign, Difficulty::Easy, 1, 1},    {GameMode::Campaign, Difficulty::Medium, 2, 1},
-        {GameMode::Campaign, Difficulty::Hard, 3, 1},    {GameMode::Survival, Difficulty::Easy, 2, 3},
-        {GameMode::Survival, Difficulty::Medium, 2, 2},  {GameMode::Survival, Difficulty::Hard, 2, 1},
-        {GameMode::TimeAttack, Difficulty::Easy, 3, 1},  {GameMode::TimeAttack, Difficulty::Medium, 7, 2},
-        {GameMode::TimeAttack, Difficulty::Hard, 10, 3},
-    };
-    for (const auto &[mode, difficulty, asteroids, slots] : kGames) {
-        play(mode, difficulty);
-        EXPECT_EQ(state.asteroids.size(), asteroids)
-            << static_cast<int>(mode) << static_cast<int>(difficulty);
-        EXPECT_EQ(state.player.missileSlots, slots) << static_cast<int>(mode) << static_cast<int>(difficulty);
-    }
-}
-
 TEST_F(GameRulesTest, CompareTheSpawnClockAsSigned)
 {
     device.switchOn(INT32_MAX - 2000u);

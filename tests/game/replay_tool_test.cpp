@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <sstream>
 #include <utility>
@@ -7,10 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/common/picture.h"
 #include "tests/game/replay_run.h"
 #include "tests/support/device_test.h"
-#include "tools/replay/picture_file.h"
 
 namespace mygame::tests
 {
@@ -111,19 +108,6 @@ TEST_F(ReplayTool, TakesSnapshotsOfTheNextFrame)
     EXPECT_NE(readFile("pictures/first.png"), readFile("pictures/twice.png"));
     EXPECT_EQ(readFile("pictures/last.png"), readFile("pictures/twice.png"));
     EXPECT_FALSE(exists("pictures/never.png"));
-}
-
-TEST_F(ReplayTool, WritesPicturesWithTheHighBitsRepeated)
-{
-    constexpr std::uint16_t kPixels[] = {0xFFFF, 0x0000, 0x8410, 0x0841, 0xF800, 0x001F};
-    constexpr std::uint32_t kColours[] = {0xFFFFFFFF, 0xFF000000, 0xFF848284,
-                                          0xFF080808, 0xFFFF0000, 0xFF0000FF};
-    ASSERT_TRUE(replay::writePicture("a.png", kPixels, 3));
-    platform::common::Picture picture;
-    ASSERT_TRUE(platform::common::decodePicture("a.png", picture));
-    EXPECT_EQ(picture.width, 3);
-    EXPECT_EQ(picture.height, 2);
-    EXPECT_EQ(std::memcmp(picture.pixels.get(), kColours, sizeof kColours), 0);
 }
 
 } // namespace

@@ -1,6 +1,3 @@
-#include <cstdlib>
-#include <iterator>
-#include <set>
 #include <vector>
 
 #include "game/events.h"
@@ -12,21 +9,6 @@ namespace
 {
 
 using ScreensTest = GameTest;
-
-TEST_F(ScreensTest, TurnTouchesOfTheGameIntoEvents)
-{
-    constexpr struct {
-        std::uint16_t x, y;
-        const char *story;
-    } kTouches[] = {{211, 291, "pause, tick"}, {210, 291, "fire, tick"}, {211, 290, "fire, tick"},
-                    {32, 297, "nuke, tick"},   {33, 297, "fire, tick"},  {32, 296, "fire, tick"}};
-    for (const auto &[x, y, story] : kTouches) {
-        play(GameMode::Campaign);
-        state.player.missileSlots = 0;
-        application.pointerDown(x, y);
-        EXPECT_EQ(frame(), story);
-    }
-}
 
 TEST_F(ScreensTest, StartOneSoundInMoreThan100Ms)
 {
@@ -46,30 +28,6 @@ TEST_F(ScreensTest, StartOneSoundInMoreThan100Ms)
     EXPECT_EQ(soundsOf(500), none);
 }
 
-TEST_F(ScreensTest, TurnEachKindOfAsteroidAtItsOwnPace)
-{
-    constexpr std::uint32_t kFrameTimes[] = {200, 220, 240, 180};
-    play(GameMode::Campaign);
-    std::set<int> kinds;
-    for (unsigned seed = 1; kinds.size() < std::size(kFrameTimes); ++seed) {
-        std::srand(seed);
-        const int kind = std::rand() % 4;
-        kinds.insert(kind);
-        std::srand(seed);
-        hang(1, 100, 100);
-        EventBus::instance().post<AsteroidSpawnedEvent>(1);
-        frame(7);
-        const AnimatedSprite &sprite = state.asteroids[1].sprite;
-        frame(kFrameTimes[kind] - 1);
-        EXPECT_EQ(sprite.currentFrame(), 0) << kind;
-        frame(1);
-        EXPECT_EQ(sprite.currentFrame(), 1) << kind;
-        frame(kFrameTimes[kind] * static_cast<std::uint32_t>(sprite.frameCount() - 1));
-        frame(kFrameTimes[kind]);
-        EXPECT_EQ(sprite.currentFrame(), 1) << kind << ", over and over";
-    }
-}
-
 TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)
 {
     play(GameMode::TimeAttack);
@@ -86,6 +44,23 @@ TEST_F(ScreensTest, RemoveAnExplosionInTheFrameAfterItsEnd)
     application.setScreen("GAME");
     EXPECT_EQ(frame(), "finished, resume, tick") << "the ended game's update went on";
     EXPECT_TRUE(state.explosions.empty());
+}
+
+TEST_F(ScreensTest, WearThePropulsionDownToNothing)
+{
+    play(GameMode::TimeAttack);
+    state.asteroids.clear();
+    application.setScreen("SHOP");
+    tap(98, 54);
+    state.player.money = 119999;
+    for (int purchase = 1; purchase <= 60; ++purchase) {
+        tap(15, 301); // buys
+        EXPECT_EQ(state.missileTravelTime > 0, purchase < 56) << purchase;
+    }
+    EXPECT_EQ(state.player.money, 1999) << "one dollar too little for the last";
+    application.setScreen("GAME");
+    tap(100, 100);
+    EXPECT_EQ(frame(), "resume, fire, tick, launched, detonated");
 }
 
 } // namespace

@@ -10,6 +10,7 @@ set -eu
 seconds=10
 starts=9
 
+wake_ups() { awk '/^voluntary_ctxt/ { sum += $2 } END { print sum }' /proc/"$demo"/task/*/status; }
 cpu_nanoseconds() { cat /proc/"$demo"/task/*/schedstat | awk '{ sum += $1 } END { printf "%.0f", sum }'; }
 
 # per_second COMMAND: the growth of what the command prints, over the time that is measured.

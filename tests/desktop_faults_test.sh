@@ -34,10 +34,13 @@ make_noise()
 
 new_folder() { folder=$(mktemp -d "$work/XXXXXX"); }
 
+# First without all that the game loads, its icon included; then as ever.
 test_kill()
 {
     new_folder
-    start "$folder"
+    cp "$programs/mygame" "$folder"
+    programs=$folder start "$folder"
+    make_noise
     kill -KILL $game
     wait $game 2> /dev/null || true
     start "$folder"
@@ -56,16 +59,6 @@ test_folders()
     start "$folder" rmdir "$folder"
     wait_for "a picture in a folder that is gone" shows "$menus/top.png"
     stop "in a folder that is gone"
-}
-
-# Everything that the game loads is gone, its icon included.
-test_no_data()
-{
-    new_folder
-    cp "$programs/mygame" "$folder"
-    programs=$folder start "$folder"
-    make_noise
-    stop "without data"
 }
 
 # has_open FILE: whether the game has it open.
@@ -167,7 +160,6 @@ test_loss_of_display()
 begin
 test_kill
 test_folders
-test_no_data
 test_sound
 test_copies
 test_loss_of_display

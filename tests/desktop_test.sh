@@ -78,7 +78,7 @@ test_stylus()
 
 test_buttons()
 {
-    xdotool key Right Up Down space BackSpace
+    xdotool key Num_Lock Caps_Lock Right Up Down space BackSpace Num_Lock Caps_Lock
     expect "buttons" "press 27" "release 27" "press 26" "release 26" "press 28" "release 28" \
         "press 20" "release 20" "press 08" "release 08"
     xdotool key a Tab Print F5 shift XF86AudioMute ctrl+space super+Left alt+Escape ctrl+F11
@@ -115,12 +115,6 @@ test_background()
 {
     xdotool windowfocus $no_window windowunmap "$window" windowmap "$window" windowfocus $no_window
     expect_colours "picture uncovered in the background" "FFFFFF 000000" 310,62 279,500
-    local before start
-    start=${EPOCHREALTIME/./}
-    before=$(wake_ups)
-    sleep 2
-    local woken=$(($(wake_ups) - before)) most=$(((${EPOCHREALTIME/./} - start) / 100000 + 2))
-    [ $woken -le $most ] || fail "in the background: $woken wake-ups, at most $most expected"
     xdotool windowfocus "$window"
     expect_nothing_else "return to the foreground"
 }

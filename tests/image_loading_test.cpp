@@ -43,7 +43,7 @@ template <class Visitor> int visitPictures(const char *folder, Visitor visit)
     return count;
 }
 
-TEST_F(ImageLoading, ReadsEveryKindOfPicture)
+TEST_F(ImageLoading, ReadsPicturesOfEveryKindAndOfSidesFrom1To4096)
 {
     // PNGs of 8 and 16 bits, with alpha, palettes, interlaced: all are 9 x 8 and the same gradients. JPEGs,
     // progressive or not, colours as such, as inks, and as what inverted inks leave: all have the same
@@ -65,10 +65,6 @@ TEST_F(ImageLoading, ReadsEveryKindOfPicture)
         }
     });
     EXPECT_EQ(count, 18 + 7);
-}
-
-TEST_F(ImageLoading, AcceptsSidesFrom1To4096)
-{
     visitPictures("/odd", [](const std::string &name, const Surface &picture, const auto &) {
         EXPECT_TRUE(
             name.starts_with(std::to_string(picture.width()) + 'x' + std::to_string(picture.height())));

@@ -133,11 +133,56 @@ TEST_F(GameRulesTest, GrowTheWavesOfACampaign)
                 EXPECT_EQ(state.asteroids.size(), groupSize) << wave << ' ' << group;
             }
             EXPECT_EQ(state.asteroids.begin()->second.flightMs, 4120 - wave * 120);
-            EXPECT_TRUE(isCurrent(wave < 15 ? "SHOP" : "MESSAGE"));
+            EXPECT_EQ(application.currentScreen(), application.findScreen(wave < 15 ? "SHOP" : "MESSAGE"));
             application.setScreen("GAME");
             ++wave;
         }
     }
+}
+
+TEST_F(GameRulesTest, StartOneSoundInMoreThan100Ms)
+{
+    const auto soundsOf = [this](std::uint32_t afterMs) {
+        device.sounds.clear();
+        for (int i = 0; i < 10; ++i)
+            EventBus::instance().post<MissileDetonatedEvent>(0, 100, 100);
+        frame(afterMs);
+        return device.sounds;
+    };
+    const std::vector<std::u16string> none, once = {u"explosion.wav"};
+    EXPECT_EQ(soundsOf(0), once);
+    EXPECT_EQ(soundsOf(100), none);
+    EXPECT_EQ(soundsOf(1), once);
+    state.soundOn = 0;
+    EXPECT_EQ(soundsOf(500), none);
+}
+
+TEST_F(GameRulesTest, GoOnForAFrameAfterTheEndOfAGame)
+{
+    EventBus::instance().post<MissileDetonatedEvent>(0, 100, 100);
+    frame();
+    while (!state.explosions.begin()->second.sprite.isFinished())
+        frame(30);
+    EventBus::instance().post<GameEndedEvent>();
+    EXPECT_EQ(frame(), "ended, tick");
+    application.setScreen("GAME");
+    EXPECT_EQ(frame(), "finished, resume, tick");
+    EXPECT_TRUE(state.explosions.empty());
+}
+
+TEST_F(GameRulesTest, WearThePropulsionDownToNothing)
+{
+    application.setScreen("SHOP");
+    tap(98, 54);
+    state.player.money = 119999;
+    for (int purchase = 1; purchase <= 60; ++purchase) {
+        tap(15, 301); // buys
+        EXPECT_EQ(state.missileTravelTime > 0, purchase < 56) << purchase;
+    }
+    EXPECT_EQ(state.player.money, 1999) << "one dollar too little for the last";
+    application.setScreen("GAME");
+    tap(100, 100);
+    EXPECT_EQ(frame(), "resume, fire, tick, launched, detonated");
 }
 
 } // namespace

@@ -2,16 +2,53 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
+#include "game/events.h"
 #include "game/game_state.h"
 #include "platform/virtual/virtual_device.h"
 #include "shell/application.h"
 #include "shell/event_bus.h"
+#include "shell/startup.h"
 
 namespace mygame::tests
 {
+
+/// Writes down what is delivered, as the last listener.
+class Story final : public EventListener
+{
+public:
+    Story()
+    {
+        for (std::int32_t type = kNewGame; type <= kNukeFlash; ++type)
+            EventBus::instance().subscribe(type, this);
+    }
+
+    bool onEvent(const Event &event) override
+    {
+        constexpr const char *kNames[] = {"",    "new",       "resume", "pause",    "tick", "spawned",
+                                          "",    "destroyed", "fire",   "launched", "",     "detonated",
+                                          "hit", "finished",  "ended",  "wave",     "nuke", "flash"};
+        text += (text.empty() ? "" : ", ") + std::string(kNames[event.type]);
+        return true;
+    }
+
+    std::string text;
+};
+
+/// One for the process: what has subscribed to the bus stays subscribed.
+struct World {
+    static World &instance()
+    {
+        static auto *world = new World;
+        return *world;
+    }
+
+    Program program;
+    Story story; ///< Subscribes after everything in the program.
+};
 
 /// The program's pictures without those that cover the whole screen: a screen is black but for what it draws
 /// itself.
@@ -19,13 +56,37 @@ class GameTest : public testing::Test
 {
 protected:
     /// A fresh device, later than any test before it; nothing is queued and there is no game.
-    GameTest();
+    GameTest()
+    {
+        state.mode = GameMode::None;
+        state.soundOn = 1;
+        state.player.health = 0;
+        application.setScreen("GAME");
+        EventBus::instance().dispatchAll();
+        application.setScreen("MAIN_MENU");
+        state.asteroids.clear();
+        state.missiles.clear();
+        state.explosions.clear();
+        story.clear();
+    }
 
     /// Starts a game and delivers its first frame.
-    void play(GameMode mode, Difficulty difficulty = Difficulty::Easy);
+    void play(GameMode mode, Difficulty difficulty = Difficulty::Easy)
+    {
+        state.mode = mode;
+        state.difficulty = difficulty;
+        application.setScreen("GAME");
+        EventBus::instance().post<NewGameEvent>();
+        frame();
+    }
 
     /// Lets time pass, then updates the current screen. @return what was delivered in this frame.
-    std::string frame(std::uint32_t afterMs = 0);
+    std::string frame(std::uint32_t afterMs = 0)
+    {
+        device.advance(afterMs);
+        application.update(device.tick());
+        return std::exchange(story, "");
+    }
 
     void tap(std::uint16_t x, std::uint16_t y)
     {
@@ -45,14 +106,23 @@ protected:
         state.missiles[id] = {x, y, x, y, device.tick(), 1000, x, y, nullptr, id};
     }
 
-    bool isCurrent(const char *screen) const
-    {
-        return application.currentScreen() == application.findScreen(screen);
-    }
+    platform::VirtualDevice &device = freshDevice();
+    Application &application = World::instance().program.application();
+    GameState &state = const_cast<GameState &>(World::instance().program.state()); // tests set scenes up
+    std::string &story = World::instance().story.text;
 
-    platform::VirtualDevice &device;
-    Application &application;
-    GameState &state;
+private:
+    static platform::VirtualDevice &freshDevice()
+    {
+        constexpr std::uint32_t kMsBetweenTests = 1000000;
+        platform::VirtualDevice &device = platform::VirtualDevice::instance();
+        const std::uint32_t tick = device.tick() + kMsBetweenTests;
+        platform::VirtualDevice::reset();
+        device.switchOn(tick);
+        device.dataFolder = DATA_FOLDER;
+        device.hiddenFiles = {u"bg.jpg", u"game_over.jpg", u"menu.jpg", u"shop.png"};
+        return device;
+    }
 };
 
 } // namespace mygame::tests

@@ -1,12 +1,5 @@
-/// Every script in tests/replays is a test: NAME.txt must show the facts of NAME.facts. `#` starts a comment
-/// there, and each other line is a fact:
-///
-///     at 2900 MEMBER CLAIM   in the first frame that many ms after the first one; `at end`: in the last
-///     MEMBER CLAIM           of the whole run: its `screens` in their order, the `log`, and, where there are
-///                            any, the `errors` and the `exit` status
-///
-/// A frame's member is given by its path in the trace, without `state.`; it `is VALUE`, `is not VALUE`, `is
-/// as at 2900`, which is its value in that frame, or, as a list, `counts N` elements.
+/// Every script in tests/replays is a test: NAME.txt must show the facts of NAME.facts. How a fact is written
+/// stands in tools/replay/README.md.
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <regex>
@@ -30,34 +23,34 @@ enum Part { kWhen = 1, kMember, kVerb, kNot, kAsAt, kValue };
 const std::regex kFact("(?:at (\\w+) )?(\\S+) (is|are|counts) (not )?(as at )?(.*?) *(?:#.*)?");
 const std::regex kNoFact(" *(?:#.*)?");
 
-/// What one replay left behind.
-struct Evidence {
-    Json run;
-    std::vector<Json> frames; ///< With `ms` since the first one, and the state's members beside their own.
-};
-
-Evidence evidenceOf(const std::string &name)
+/// What one replay left behind: its `frames`, with `ms` since the first one and the state's members beside
+/// their own, its `screens`, `log`, `errors` and `exit` status.
+Json evidenceOf(const std::string &name)
 {
     std::filesystem::copy(kReplays / (name + ".txt"), ".");
     const Outcome run = runReplay(name + ".txt --data '" DATA_FOLDER "' --trace trace");
-    std::vector<Json> frames;
-    std::string screens;
+    Json frames = Json::array();
+    std::string screens, last;
     std::istringstream trace(readFile("trace"));
-    for (std::string line, last; std::getline(trace, line);) {
-        Json &frame = frames.emplace_back(Json::parse(line));
+    for (std::string line; std::getline(trace, line);) {
+        Json frame = Json::parse(line);
+        const std::uint32_t tick = frame["tick"],
+                            first = frames.empty() ? tick : frames[0]["tick"].get<std::uint32_t>();
         frame.update(Json(frame["state"]));
-        frame["ms"] = frame["tick"].get<std::uint32_t>() - frames[0]["tick"].get<std::uint32_t>();
-        const std::string screen = frame["screen"];
-        if (screen != last)
-            screens += (last.empty() ? "" : " ") + screen;
-        last = screen;
+        frame["ms"] = tick - first;
+        if (frame["screen"] != last)
+            screens += (last.empty() ? "" : " ") + frame["screen"].get<std::string>();
+        last = frame["screen"];
+        frames.push_back(std::move(frame));
     }
-    const Json whole = {
-        {"screens", screens}, {"log", readFile("log.txt")}, {"errors", run.errors}, {"exit", run.exit}};
-    return {whole, frames};
+    return {{"frames", frames},
+            {"screens", screens},
+            {"log", readFile("log.txt")},
+            {"errors", run.errors},
+            {"exit", run.exit}};
 }
 
-const Json &frameAt(const std::string &when, const std::vector<Json> &frames)
+const Json &frameAt(const std::string &when, const Json &frames)
 {
     const auto isReached = [&](const Json &frame) { return frame["ms"] >= std::stoul(when); };
     const auto found = when == "end" ? frames.end() - 1 : std::ranges::find_if(frames, isReached);
@@ -70,31 +63,22 @@ Json memberOf(const Json &frame, std::string path)
     return frame.at(Json::json_pointer("/" + path));
 }
 
-Json valueOf(const std::string &text)
-{
-    const Json value = Json::parse(text, nullptr, false);
-    return value.is_discarded() ? Json(text) : value;
-}
-
 /// @return what is wrong, empty when it is as the line tells.
-std::string faultOf(const std::string &line, const Evidence &evidence)
+std::string faultOf(const std::string &line, const Json &evidence)
 {
     std::smatch fact;
     if (!std::regex_match(line, fact, kFact))
         return "this is no fact";
-    const bool ofFrame = fact[kWhen].matched;
-    const Json &frame = ofFrame ? frameAt(fact[kWhen], evidence.frames) : evidence.run;
+    const Json &frames = evidence["frames"];
+    const Json &frame = fact[kWhen].matched ? frameAt(fact[kWhen], frames) : evidence;
     const Json found = memberOf(frame, fact[kMember]);
-    const Json expected = fact[kAsAt].matched
-                              ? memberOf(frameAt(fact[kValue], evidence.frames), fact[kMember])
-                              : valueOf(fact[kValue]);
+    Json expected = Json::parse(fact.str(kValue), nullptr, false);
+    if (fact[kAsAt].matched)
+        expected = memberOf(frameAt(fact[kValue], frames), fact[kMember]);
+    else if (expected.is_discarded())
+        expected = fact.str(kValue);
     const bool holds = (fact[kVerb] == "counts" ? Json(found.size()) : found) == expected;
-    if (holds != fact[kNot].matched)
-        return "";
-    const std::string place =
-        ofFrame ? "frame " + frame["frame"].dump() + ", tick " + frame["tick"].dump() + ": " : "";
-    return place + fact.str(kMember) + " is " + found.dump() + ", expected " + fact.str(kNot) +
-           expected.dump();
+    return holds != fact[kNot].matched ? "" : fact.str(kMember) + " is " + found.dump();
 }
 
 std::vector<std::string> replayNames()
@@ -114,7 +98,7 @@ class Replays : public DeviceTest, public testing::WithParamInterface<std::strin
 
 TEST_P(Replays, Show)
 {
-    const Evidence evidence = evidenceOf(GetParam());
+    const Json evidence = evidenceOf(GetParam());
     std::string text = readFile(kReplays / (GetParam() + ".facts"));
     EXPECT_NE(text, "") << GetParam() << " has no facts";
     if (text.find("errors are") == std::string::npos)

@@ -8,7 +8,6 @@
 #include <string>
 #include <utility>
 
-#include "game/events.h"
 #include "graphics/image_loading.h"
 #include "tests/game/game_test.h"
 #include "tools/replay/picture_file.h"
@@ -86,15 +85,6 @@ public:
         frame(ms);
     }
 
-    /// What the current screen draws on black.
-    Surface picture() const
-    {
-        Surface target;
-        target.create(240, 320);
-        application.currentScreen()->render(target);
-        return target;
-    }
-
     using GameTest::frame, GameTest::tap;
 };
 
@@ -140,7 +130,9 @@ TEST_P(Scenes, Show)
 {
     const std::string name = GetParam().name;
     GetParam().set(*this);
-    const Surface actual = picture();
+    Surface actual;
+    actual.create(240, 320);
+    application.currentScreen()->render(actual);
     const auto writeTo = [&](const std::filesystem::path &path) {
         replay::writePicture(path, {actual.pixels(), static_cast<std::size_t>(actual.pixelCount())}, 240);
     };

@@ -40,5 +40,3 @@ stop_demo()
     kill -"${1:-TERM}" "$demo"
     await_end "end by a signal, ${1:-TERM}"
 }
-
-wake_ups() { awk '/^voluntary_ctxt/ { sum += $2 } END { print sum }' /proc/"$demo"/task/*/status; }

@@ -3,6 +3,7 @@
 # shellcheck shell=bash disable=SC2034,SC2154
 
 started_in=$PWD
+support=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 
 # Copies of the program find each other by a name in the network's namespace. In one of its own a test meets
 # neither a game that is being played nor another test.
@@ -49,11 +50,11 @@ wait_for()
     fail "waited in vain: $what"
 }
 
-# Sets $window and its place and size, X Y WIDTH HEIGHT.
+# Sets $window and its place, X Y.
 find_window()
 {
     window=$(xdotool search --onlyvisible --name '^MyGame$' | head -n 1)
-    [ -n "$window" ] && eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
+    [ -n "$window" ] && eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y)=')"
 }
 
 # Sets $manager. It announces itself before it looks after windows; what it starts comes when it does.
@@ -64,45 +65,21 @@ start_window_manager()
     wait_for "the window manager" test -e "$work/managed"
 }
 
-# Window pixels for a screen pixel.
-scale() { echo $((WIDTH / 240 < HEIGHT / 320 ? WIDTH / 240 : HEIGHT / 320)); }
-
-# point_at X Y: puts the pointer into the middle of a screen pixel.
-point_at()
-{
-    local s
-    s=$(scale)
-    xdotool mousemove $((X + (WIDTH - 240 * s) / 2 + $1 * s + s / 2)) $((Y + (HEIGHT - 320 * s) / 2 + $2 * s + s / 2))
-}
-
-tap()
-{
-    point_at "$1" "$2"
-    xdotool click 1
-}
+# tap X Y: on a screen pixel, each of which is three times three of the window's.
+tap() { xdotool mousemove $((X + 3 * $1 + 1)) $((Y + 3 * $2 + 1)) click 1; }
 
 # picture FILE: what the window shows, at 240 x 320.
 picture()
 {
-    local s
-    s=$(scale)
-    import -silent -window root -crop "$((240 * s))x$((320 * s))+$((X + (WIDTH - 240 * s) / 2))+$((Y + (HEIGHT - 320 * s) / 2))" \
-        +repage "$work/enlarged.png"
+    import -silent -window root -crop "720x960+$X+$Y" +repage "$work/enlarged.png"
     convert "$work/enlarged.png" -filter point -resize 240x320! "$1"
-}
-
-# same A B [GEOMETRY]: whether two pictures, or a part of them, have the same pixels.
-same()
-{
-    local part=${3:-240x320+0+0}
-    [ "$(compare -metric AE -extract "$part" "$1" "$2" null: 2>&1)" = 0 ]
 }
 
 # shows FILE [GEOMETRY]: whether the window shows a picture, or a part of it, to the pixel.
 shows()
 {
     picture "$work/now.png"
-    same "$work/now.png" "$@"
+    [ "$(compare -metric AE -extract "${2:-240x320+0+0}" "$work/now.png" "$1" null: 2>&1)" = 0 ]
 }
 
 # moves [GEOMETRY]: whether the window, or a part of it, shows something else after a while.
@@ -122,20 +99,7 @@ ended() { ! kill -0 "$1" 2> /dev/null; }
 draw_menus()
 {
     menus=$work/menus
-    cat > "$work/menus.txt" << SCRIPT
-at 400 snapshot top
-at 500 release 120 130
-at 1200 snapshot modes
-at 1200 release 120 185
-at 1900 snapshot difficulties
-at 1900 release 120 125
-at 2900 snapshot game
-at 3000 touch 220 300
-at 3500 touch 120 175
-at 4300 snapshot resumable
-at 4400 quit
-SCRIPT
-    (cd "$work" && "$programs/replay" menus.txt --snapshots "$menus")
+    (cd "$work" && "$programs/replay" "$support/menus.txt" --snapshots "$menus")
 }
 
 # start FOLDER [COMMAND...]: the game with that current folder, after the command; sets $game when its window is

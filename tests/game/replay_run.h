@@ -4,7 +4,7 @@
 #include <string>
 #include <sys/wait.h>
 
-#include "tests/support/files.h"
+#include "tests/support/device_test.h"
 
 namespace mygame::tests
 {

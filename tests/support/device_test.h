@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -9,12 +11,23 @@
 
 #include "platform/virtual/virtual_device.h"
 #include "shell/log.h"
-#include "tests/support/files.h"
 #include "tests/support/letters.h"
 #include "tools/replay/picture_file.h"
 
 namespace mygame::tests
 {
+
+/// All bytes of a file, none when it is missing.
+inline std::string readFile(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void writeFile(const std::string &path, std::string_view bytes)
+{
+    std::ofstream(path, std::ios::binary) << bytes;
+}
 
 /// A fresh virtual device in an empty folder of the host, which is the current folder and holds the device's
 /// data files.

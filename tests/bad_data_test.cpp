@@ -56,8 +56,7 @@ std::string play(const std::vector<std::string> &replaced, const std::string &by
     return readFile("trace");
 }
 
-class BadData : public DeviceTest, public testing::WithParamInterface<std::string>
-{
+struct BadData : DeviceTest, testing::WithParamInterface<std::string> {
 };
 
 TEST_P(BadData, IsNotDrawnAndEndsNothing)

@@ -19,9 +19,7 @@ namespace
 
 /// The whole device in a window of twice the screen's size that nobody sees, told events as if SDL had them:
 /// those that no display server can be made to send.
-class DesktopDevice : public testing::Test
-{
-protected:
+struct DesktopDevice : testing::Test {
     static void SetUpTestSuite()
     {
         setenv("SDL_VIDEODRIVER", "dummy", 1);

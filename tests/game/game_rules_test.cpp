@@ -9,9 +9,7 @@ namespace mygame::tests
 namespace
 {
 
-class GameRulesTest : public GameTest
-{
-protected:
+struct GameRulesTest : GameTest {
     /// On hard; nothing comes on its own for five seconds.
     GameRulesTest() { playUnderEmptySky(); }
 

@@ -18,9 +18,7 @@ using std::filesystem::exists;
 
 constexpr const char *kData = " --data '" DATA_FOLDER "'";
 
-class ReplayTool : public DeviceTest
-{
-protected:
+struct ReplayTool : DeviceTest {
     /// Runs a script with a trace, and returns the trace.
     std::string traceOf(const std::string &script)
     {

@@ -92,8 +92,7 @@ std::vector<std::string> replayNames()
     return names;
 }
 
-class Replays : public DeviceTest, public testing::WithParamInterface<std::string>
-{
+struct Replays : DeviceTest, testing::WithParamInterface<std::string> {
 };
 
 TEST_P(Replays, Show)

@@ -17,7 +17,7 @@ namespace mygame::tests
 namespace
 {
 
-class Scenes;
+struct Scenes;
 
 struct Scene {
     const char *name;
@@ -26,9 +26,7 @@ struct Scene {
 
 std::ostream &operator<<(std::ostream &out, const Scene &scene) { return out << scene.name; }
 
-class Scenes : public GameTest, public testing::WithParamInterface<Scene>
-{
-public:
+struct Scenes : GameTest, testing::WithParamInterface<Scene> {
     /// The main menu of a game that can be resumed, so many milliseconds after it came.
     void mainMenu(std::uint32_t ms)
     {

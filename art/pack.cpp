@@ -100,9 +100,9 @@ Sheet cutOut(const std::string &in, int width, int height, double sharpness)
 /// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern.
 /// The pattern decides within a narrow range only, so that the smoke tears into wisps instead of turning into
 /// a mesh.
-Sheet blastFrame(const std::string &in, int width, int height, Rgb key)
+Sheet blastFrame(const std::string &in, int width, int height)
 {
-    Sheet sheet(width, height, key);
+    Sheet sheet(width, height, kMagenta);
     Picture frame = reduced(readPicture(in), width, height);
     sharpen(frame, 0.5);
     for (int y = 0; y < height; ++y)
@@ -168,7 +168,7 @@ void packBlast(const std::string &out, int width, int height, const std::vector<
 {
     std::vector<Sheet> frames;
     for (const std::string &file : in)
-        frames.push_back(blastFrame(file, width, height, kMagenta));
+        frames.push_back(blastFrame(file, width, height));
     writeStrip(out, frames, kMagenta);
 }
 

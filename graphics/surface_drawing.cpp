@@ -21,13 +21,20 @@ namespace
 /// Blocks from this width on, in pixels, gain more from wider registers than a call takes.
 constexpr std::int32_t kWideBlock = 16;
 
-/// Copies a block at least as wide as a column, column by column. What is left at its right edge is part of a
-/// column that overlaps the one before: copying a pixel twice changes nothing. It chooses instead of
-/// branching, so that the compiler can handle a column's row at once.
-template <std::int32_t kColumn>
-inline void copyColumns(Pixel *__restrict target, std::ptrdiff_t targetWidth, const Pixel *__restrict source,
-                        std::ptrdiff_t sourceWidth, std::int32_t width, std::int32_t height, Pixel key)
+/// Copies a block column by column, in the first of these widths that fits. What is left at its right edge is
+/// part of a column that overlaps the one before: copying a pixel twice changes nothing. It chooses instead
+/// of branching, so that the compiler can handle a column's row at once.
+template <std::int32_t kColumn, std::int32_t... kNarrower>
+inline void copyInColumns(Pixel *__restrict target, std::ptrdiff_t targetWidth,
+                          const Pixel *__restrict source, std::ptrdiff_t sourceWidth, std::int32_t width,
+                          std::int32_t height, Pixel key)
 {
+    if constexpr (sizeof...(kNarrower) > 0) {
+        if (width < kColumn) {
+            copyInColumns<kNarrower...>(target, targetWidth, source, sourceWidth, width, height, key);
+            return;
+        }
+    }
     for (std::int32_t start = 0; start < width; start += kColumn) {
         const std::int32_t left = std::min(start, width - kColumn);
         Pixel *to = target + left;
@@ -43,24 +50,7 @@ FOR_WIDER_REGISTERS_TOO
 void copyWideKeyed(Pixel *__restrict target, std::ptrdiff_t targetWidth, const Pixel *__restrict source,
                    std::ptrdiff_t sourceWidth, std::int32_t width, std::int32_t height, Pixel key)
 {
-    if (width >= 64)
-        copyColumns<64>(target, targetWidth, source, sourceWidth, width, height, key);
-    else
-        copyColumns<kWideBlock>(target, targetWidth, source, sourceWidth, width, height, key);
-}
-
-/// In the widest columns that fit.
-inline void copyKeyed(Pixel *target, std::ptrdiff_t targetWidth, const Pixel *source,
-                      std::ptrdiff_t sourceWidth, std::int32_t width, std::int32_t height, Pixel key)
-{
-    if (width >= kWideBlock)
-        copyWideKeyed(target, targetWidth, source, sourceWidth, width, height, key);
-    else if (width >= 8)
-        copyColumns<8>(target, targetWidth, source, sourceWidth, width, height, key);
-    else if (width >= 4)
-        copyColumns<4>(target, targetWidth, source, sourceWidth, width, height, key);
-    else
-        copyColumns<1>(target, targetWidth, source, sourceWidth, width, height, key);
+    copyInColumns<64, kWideBlock>(target, targetWidth, source, sourceWidth, width, height, key);
 }
 
 void copyWhole(Pixel *target, std::ptrdiff_t targetWidth, const Pixel *source, std::ptrdiff_t sourceWidth,
@@ -127,8 +117,10 @@ inline void Surface::copyBlock(Surface &target, const Block &block) const
     Pixel *destination = target.pixels_ + block.dx + block.dy * target.width_;
     if (!keyEnabled_)
         copyWhole(destination, target.width_, source, width_, block.w, block.h);
+    else if (block.w >= kWideBlock)
+        copyWideKeyed(destination, target.width_, source, width_, block.w, block.h, colourKey_);
     else
-        copyKeyed(destination, target.width_, source, width_, block.w, block.h, colourKey_);
+        copyInColumns<8, 4, 1>(destination, target.width_, source, width_, block.w, block.h, colourKey_);
 }
 
 void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const

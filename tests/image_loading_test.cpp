@@ -40,6 +40,7 @@ template <class Visitor> int visitPictures(const char *folder, Visitor visit)
         visit(file.path().filename().string(), decoded(bytes), bytes);
         ++count;
     }
+    EXPECT_GT(count, 0) << folder;
     return count;
 }
 

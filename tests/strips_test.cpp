@@ -92,6 +92,8 @@ TEST_F(AnimatedSpriteTest, SharesFramesButNotTimingWithCopies)
     EXPECT_TRUE(master.frame(0).keyEnabled());
     EXPECT_FALSE(master.load(u"\\device\\missing.png", 10));
     EXPECT_EQ(framesOf(master), "");
+    const AnimatedSprite &itself = copy;
+    copy = itself;
     EXPECT_EQ(framesOf(copy), "a/ b/ c/ ");
 }
 

@@ -63,14 +63,19 @@ TEST(Blit, NeverLeavesEitherSurface)
 TEST(Blit, FollowsTheKeyThroughRowsOfEveryLength)
 {
     for (std::size_t length = 1; length < 70; ++length) {
-        std::string source, expected;
+        std::string source, expected = ".";
         for (std::size_t i = 0; i < length; ++i) {
             source += i * i % 7 < 3 ? 'k' : static_cast<char>('A' + i % 9);
             expected += source.back() == 'k' ? '.' : source.back();
         }
-        Surface target = surfaceOf(std::string(length, '.') + '/');
-        keyed(source + '/', 'k').blitTo(target, 0, 0);
-        EXPECT_EQ(lettersOf(target), expected + '/');
+        std::string blank(length + 1, '.');
+        for (std::string *rows : {&source, &expected, &blank}) {
+            *rows += '/';
+            *rows += *rows;
+        }
+        Surface target = surfaceOf(blank);
+        keyed(source, 'k').blitTo(target, 1, 0);
+        EXPECT_EQ(lettersOf(target), expected);
     }
 }
 

@@ -17,9 +17,7 @@ namespace mygame::tests
 {
 
 /// Writes down what is delivered, as the last listener.
-class Story final : public EventListener
-{
-public:
+struct Story final : EventListener {
     Story()
     {
         for (std::int32_t type = kNewGame; type <= kNukeFlash; ++type)

@@ -11,7 +11,7 @@ pictures=build/pictures
 play_recorded_game()
 {
     echo "There is no display for a window, so a recorded game is played without one; its pictures: $PWD/$pictures"
-    (cd "$programs" && ./replay ../../../tools/replay/demo.txt --snapshots "../../../$pictures")
+    (cd "$programs" && ./replay ../../../replay/demo.txt --snapshots "../../../$pictures")
 }
 
 # Another copy of the game runs: ours has brought it to the front.

@@ -177,8 +177,8 @@ void fillTheirs(benchmark::State &state)
 /// A frame presented by the display, or the same memory copied raw.
 void present(benchmark::State &state, bool raw)
 {
-    platform::VirtualDevice::reset();
-    platform::VirtualDevice &device = platform::VirtualDevice::instance();
+    platform::VirtualDevice device;
+    platform::useDevice(device);
     mygame::Display display(nullptr);
     const Surface &picture = display.backBuffer();
     for (auto _ : state) {

@@ -11,6 +11,7 @@
 #include "graphics/animated_sprite.h"
 #include "graphics/bitmap_font.h"
 #include "graphics/image_loading.h"
+#include "platform/sdl/sdl_device.h"
 #include "platform/sound.h"
 #include "shell/application.h"
 
@@ -159,6 +160,8 @@ private:
 
 int main()
 {
+    platform::SdlDevice device;
+    platform::useDevice(device);
     mygame::Application application;
     mygame::DemoScreen screen;
     if (!screen.load())

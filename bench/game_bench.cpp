@@ -26,7 +26,14 @@ constexpr std::size_t kFrameBytes = 153600;
 /// Long enough that nothing reaches its target while the clock of a measurement stands.
 constexpr std::int32_t kLongFlightMs = 1000000;
 
-void useData() { platform::VirtualDevice::instance().dataFolder = MYGAME_DATA; }
+/// In use from here on, with the game's files beside the program.
+struct DeviceWithData : platform::VirtualDevice {
+    DeviceWithData()
+    {
+        dataFolder = MYGAME_DATA;
+        platform::useDevice(*this);
+    }
+};
 
 void addAsteroid(GameState &state, std::int32_t id, std::int32_t x, std::int32_t y)
 {
@@ -97,8 +104,7 @@ void twoRawCopies(benchmark::State &run)
 
 void wholeGameFrame(benchmark::State &run)
 {
-    platform::VirtualDevice::reset();
-    useData();
+    DeviceWithData device;
     // Once per process: what is subscribed to the bus stays so.
     static auto &game = *new BusyGame;
     Display display(nullptr);
@@ -111,7 +117,7 @@ void wholeGameFrame(benchmark::State &run)
 
 void simulationStep(benchmark::State &run)
 {
-    platform::VirtualDevice::reset();
+    DeviceWithData device;
     static auto &state = *new GameState;
     static auto &rules = *new GameRules;
     rules.link(&state);
@@ -131,9 +137,7 @@ void simulationStep(benchmark::State &run)
 void startToFirstFrame(benchmark::State &run)
 {
     for (auto _ : run) {
-        platform::VirtualDevice::reset();
-        useData();
-        platform::VirtualDevice &device = platform::VirtualDevice::instance();
+        DeviceWithData device;
         // Read in the first pass of the main loop, which still shows its frame.
         device.schedule(0, [&device] { device.post(platform::WM_QUIT, 0, 0); });
         startUp(nullptr, nullptr, u"", platform::SW_SHOW);

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 
 docs=$PWD/docs
 replay=$PWD/build/release/bin/replay
-demo=$PWD/tools/replay/demo.txt
+demo=$PWD/replay/demo.txt
 
 # The part shown in motion, and the time between its pictures, in milliseconds.
 first=22400

@@ -49,7 +49,8 @@ public:
     MemoryFile() : descriptor(memfd_create("picture", 0))
     {
         require(descriptor >= 0, "there are no files in memory");
-        platform::VirtualDevice::instance().dataFolder = "/proc/self/fd";
+        device.dataFolder = "/proc/self/fd";
+        platform::useDevice(device);
     }
 
     void write(const std::uint8_t *bytes, std::size_t size) const
@@ -66,6 +67,7 @@ public:
     }
 
 private:
+    platform::VirtualDevice device;
     int descriptor;
 };
 

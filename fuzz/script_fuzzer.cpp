@@ -1,5 +1,5 @@
 /// Bytes as a replay script: parsed, and, when they are one, the whole program run by it for a while.
-#include "tools/replay/script.h"
+#include "replay/script.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -11,8 +11,8 @@
 #include "platform/virtual/virtual_device.h"
 #include "shell/event_bus.h"
 #include "shell/startup.h"
-#include "tools/replay/options.h"
-#include "tools/replay/recorder.h"
+#include "replay/options.h"
+#include "replay/recorder.h"
 
 namespace
 {
@@ -58,8 +58,8 @@ void limitPolls(platform::VirtualDevice &device)
 void run(const replay::Script &script)
 {
     mygame::EventBus::instance() = {};
-    platform::VirtualDevice::reset();
-    platform::VirtualDevice &device = platform::VirtualDevice::instance();
+    platform::VirtualDevice device;
+    platform::useDevice(device);
     device.dataFolder = MYGAME_DATA;
     limitPolls(device);
     replay::Options options;

@@ -62,7 +62,8 @@ int main(int argumentCount, char **arguments)
         std::fputs("usage: soak FRAMES [SEED]\n", stderr);
         return 2;
     }
-    platform::VirtualDevice &device = platform::VirtualDevice::instance();
+    platform::VirtualDevice device;
+    platform::useDevice(device);
     device.dataFolder = MYGAME_DATA;
     // Not far from where the clock wraps.
     device.switchOn(0u - 600000u);

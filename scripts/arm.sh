@@ -55,7 +55,7 @@ ctest --preset arm --no-tests=error --parallel "$(nproc)" --exclude-regex BadDat
 
 mkdir -p build/arm-traces
 count=0
-for script in tests/replays/*.txt tools/replay/demo.txt; do
+for script in tests/replays/*.txt replay/demo.txt; do
     name=$(basename "$script" .txt)
     (cd build/arm-traces && rm -f "$name".*)
     trace release "$script" "build/arm-traces/$name.here"

@@ -41,8 +41,8 @@ public:
 private:
     void note(const std::string &call, auto... arguments) const
     {
-        platform::VirtualDevice::instance().note(
-            (name + '.' + call + ... + (' ' + std::to_string(arguments))));
+        if (std::vector<std::string> *notes = platform::device().callNotes())
+            notes->push_back((name + '.' + call + ... + (' ' + std::to_string(arguments))));
     }
 
     std::string name;
@@ -118,7 +118,7 @@ TEST_F(ApplicationTest, FailsWhenAnotherCopyRunsOrThereIsNoWindow)
 TEST_F(ApplicationTest, RendersThenPresentsThenUpdatesAndNeverCatchesUp)
 {
     device.frameCostMs = 16;
-    device.onFrame = [this] { device.note("p.present"); };
+    device.onFrame = [this] { device.calls.emplace_back("p.present"); };
     device.schedule(16, [this] { device.frameBufferOn = false; });
     EXPECT_EQ(screenCallsUntil(17),
               (Calls{"s.render 240 320", "p.present", "s.update 1016", "s.update 1016", "s.update 1017"}));

@@ -23,7 +23,9 @@ namespace
 /// The whole program beside the game's own files. One for the process: what has subscribed stays subscribed.
 Program &program()
 {
-    platform::VirtualDevice::instance().dataFolder = DATA_FOLDER "/";
+    static auto *device = new platform::VirtualDevice;
+    device->dataFolder = DATA_FOLDER;
+    platform::useDevice(*device);
     static auto *program = new Program;
     return *program;
 }

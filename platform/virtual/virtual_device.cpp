@@ -3,48 +3,45 @@
 #include <cstdlib>
 #include <utility>
 
-#include "platform/common/host_path.h"
+#include "platform/common/device_path.h"
+#include "platform/common/refresh_grid.h"
 
 namespace platform
 {
 
-VirtualDevice &VirtualDevice::instance()
+void VirtualDevice::switchOn(Tick tick)
 {
-    static VirtualDevice device;
-    return device;
+    startTick_ = tick;
+    elapsedMs_ = 0;
 }
-
-void VirtualDevice::reset() { instance() = VirtualDevice(); }
-
-void VirtualDevice::switchOn(std::uint32_t tick) { tick_ = startTick = tick; }
 
 void VirtualDevice::advance(std::uint32_t milliseconds)
 {
-    tick_ += milliseconds;
+    elapsedMs_ += milliseconds;
     if (milliseconds != 0)
-        idlePolls = 0;
+        idlePolls_ = 0;
 }
 
 void VirtualDevice::schedule(std::uint32_t atMs, std::function<void()> action)
 {
-    actions.push_back({atMs, std::move(action)});
+    actions_.push_back({atMs, std::move(action)});
 }
 
 void VirtualDevice::post(std::uint32_t message, std::uint32_t wParam, std::uint32_t lParam)
 {
-    messages.push_back({nullptr, message, wParam, static_cast<std::int32_t>(lParam)});
+    messages_.push_back({nullptr, message, wParam, static_cast<std::int32_t>(lParam)});
 }
 
 void VirtualDevice::leaveForeground()
 {
-    foreground = false;
+    foreground_ = false;
     post(WM_ACTIVATE, 0, 0);
     post(WM_KILLFOCUS, 0, 0);
 }
 
 void VirtualDevice::enterForeground()
 {
-    foreground = true;
+    foreground_ = true;
     post(WM_ACTIVATE, 1, 0);
     post(WM_SETFOCUS, 0, 0);
 }
@@ -60,10 +57,21 @@ std::byte *VirtualDevice::topLeft()
     return frameBuffer.data() - (down < 0 ? down : 0) - (across < 0 ? across : 0);
 }
 
-void VirtualDevice::note(const std::string &call)
+void *VirtualDevice::beginDraw() { return displayError || !frameBufferOn ? nullptr : topLeft(); }
+
+void VirtualDevice::endDraw()
 {
-    if (recordCalls)
-        calls.push_back(call);
+    if (onFrame)
+        onFrame();
+    if (refreshRate == 0)
+        advance(frameCostMs);
+    else
+        advance(static_cast<std::uint32_t>(common::afterFrameMs(elapsedMs_, refreshRate) - elapsedMs_));
+}
+
+void VirtualDevice::startSound(const std::string &hostFile)
+{
+    sounds.push_back(hostFile.substr(hostFile.rfind('/') + 1));
 }
 
 bool VirtualDevice::poll(MSG &message)
@@ -71,32 +79,33 @@ bool VirtualDevice::poll(MSG &message)
     if (onPoll)
         onPoll();
     carryOutDueActions();
-    if (messages.empty()) {
+    if (messages_.empty()) {
         countIdlePoll();
         return false;
     }
-    message = messages.front();
-    messages.pop_front();
-    idlePolls = 0;
+    message = messages_.front();
+    messages_.pop_front();
+    idlePolls_ = 0;
     return true;
 }
 
 void VirtualDevice::carryOutDueActions()
 {
-    while (!actions.empty() && tick_ - startTick >= actions.front().atMs) {
-        const auto action = std::move(actions.front().action);
-        actions.pop_front();
+    // By the 32-bit difference of ticks, which wraps, as a program would compute it.
+    while (!actions_.empty() && tick() - startTick_ >= actions_.front().atMs) {
+        const auto action = std::move(actions_.front().action);
+        actions_.pop_front();
         action();
     }
 }
 
 void VirtualDevice::countIdlePoll()
 {
-    if (++idlePolls == kPollsWithoutEnd && onStandstill)
+    if (++idlePolls_ == kPollsWithoutEnd && onStandstill)
         onStandstill();
 }
 
-std::string VirtualDevice::hostPath(const std::u16string &path) const
+std::string VirtualDevice::hostFile(const std::u16string &path) const
 {
     const std::size_t nameStart = executable.rfind(u'\\') + 1;
     const std::u16string name = path.substr(path.size() < nameStart ? path.size() : nameStart);

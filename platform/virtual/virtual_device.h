@@ -1,5 +1,5 @@
-/// The device that tests and `replay` run on: its clock, messages, display, sounds and faults are set and
-/// seen from outside, and nothing on it takes time but what is said here.
+/// A device in memory: its clock, messages, display, sounds and faults are set and seen from outside, and
+/// nothing on it takes time but what is said here.
 #pragma once
 
 #include <cstddef>
@@ -11,27 +11,21 @@
 #include <string>
 #include <vector>
 
-#include "platform/frame_buffer.h"
-#include "platform/window.h"
+#include "platform/device.h"
 
 namespace platform
 {
 
-class VirtualDevice
+class VirtualDevice : public Device
 {
 public:
-    /// The one device of the process, which all operations of the platform headers act on.
-    static VirtualDevice &instance();
+    // The clock. Only `sleep` and `endDraw` move it, and who calls `advance`.
 
-    /// Back to a fresh device on which no program has started.
-    static void reset();
-
-    // The clock. Only `Sleep` and `GXEndDraw` move it.
-
-    /// Switches the device on: the clock stands at `tick`, and timed lines count from there.
-    void switchOn(std::uint32_t tick);
-    std::uint32_t tick() const { return tick_; }
+    /// Switches the device on: the clock stands at `tick`, and timed actions count from there.
+    void switchOn(Tick tick);
     void advance(std::uint32_t milliseconds);
+    /// Milliseconds since the device was switched on; it does not wrap.
+    std::uint64_t elapsedMs() const { return elapsedMs_; }
 
     // What the player and the device do.
 
@@ -55,10 +49,14 @@ public:
 
     // What may change at any time.
 
-    std::uint32_t frameCostMs = 16; ///< Passes when a frame is presented.
-    bool frameBufferOn = true;      ///< Off: `GXBeginDraw` returns null.
+    /// Milliseconds that pass when a frame is presented, where no refresh rate is set.
+    std::uint32_t frameCostMs = 16;
+    /// Refreshes in a second, towards which presenting a frame moves the clock; 0 while the frame cost
+    /// counts.
+    std::uint32_t refreshRate = 0;
+    bool frameBufferOn = true; ///< Off: there is no frame buffer to draw into.
 
-    /// Called when a frame is presented, before its cost passes.
+    /// Called when a frame is presented, before the clock moves.
     std::function<void()> onFrame;
     /// Called at every poll for messages, before anything that is due.
     std::function<void()> onPoll;
@@ -73,17 +71,32 @@ public:
     std::vector<std::byte> frameBuffer;
     /// The pixel at the top left, from which the pitches count; after the first look at the display.
     std::byte *topLeft();
-    std::vector<std::u16string> sounds; ///< Names of the sounds started, without their folder.
-    bool recordCalls = false;           ///< Note the calls of window, display and buttons in `calls`.
+    std::vector<std::string> sounds; ///< Host names of the sounds started, without their folder.
+    bool recordCalls = false;        ///< Note the calls of window, display and buttons in `calls`.
     std::vector<std::string> calls;
 
-    // For the implementation of the platform headers.
+    // The device.
 
-    void note(const std::string &call);
-    bool poll(MSG &message);
-    bool inForeground() const { return foreground; }
-    /// The host's path of a file beside the executable, empty for a hidden one and for any other folder.
-    std::string hostPath(const std::u16string &path) const;
+    Tick tick() const override { return startTick_ + static_cast<Tick>(elapsedMs_); }
+    void sleep(std::uint32_t milliseconds) override { advance(milliseconds); }
+    bool poll(MSG &message) override;
+    bool createWindow(const std::string &) override { return !windowFails; }
+    bool showWindow(bool) override { return false; }
+    void raiseWindow() override {}
+    bool inForeground() const override { return foreground_; }
+    bool isOtherCopyRunning() override { return copyRunning; }
+    void raiseOtherCopy() override {}
+    std::uint32_t openDisplay() override { return displayError.value_or(0); }
+    void closeDisplay() override {}
+    GXDisplayProperties displayProperties() const override { return display; }
+    bool isStandardDisplay() const override { return standardDisplay; }
+    void *beginDraw() override;
+    void endDraw() override;
+    std::u16string programPath() const override { return executable; }
+    /// Empty for a hidden file and for any other folder than the executable's.
+    std::string hostFile(const std::u16string &path) const override;
+    void startSound(const std::string &hostFile) override;
+    std::vector<std::string> *callNotes() override { return recordCalls ? &calls : nullptr; }
 
 private:
     struct TimedAction {
@@ -94,12 +107,12 @@ private:
     void carryOutDueActions();
     void countIdlePoll();
 
-    std::uint32_t tick_ = 1000000;
-    std::uint32_t startTick = 1000000;
-    std::deque<TimedAction> actions;
-    std::deque<MSG> messages;
-    bool foreground = true;
-    int idlePolls = 0;
+    Tick startTick_ = 1000000;
+    std::uint64_t elapsedMs_ = 0;
+    std::deque<TimedAction> actions_;
+    std::deque<MSG> messages_;
+    bool foreground_ = true;
+    int idlePolls_ = 0;
 };
 
 } // namespace platform

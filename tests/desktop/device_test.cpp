@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -7,9 +8,10 @@
 #include <gtest/gtest.h>
 
 #include "platform/clock.h"
-#include "platform/desktop/pixel_conversion.h"
-#include "platform/desktop/screen_layout.h"
 #include "platform/frame_buffer.h"
+#include "platform/sdl/pixel_conversion.h"
+#include "platform/sdl/screen_layout.h"
+#include "platform/sdl/sdl_device.h"
 #include "platform/window.h"
 
 namespace platform
@@ -19,14 +21,18 @@ namespace
 
 /// The whole device in a window of twice the screen's size that nobody sees, told events as if SDL had them:
 /// those that no display server can be made to send.
-struct DesktopDevice : testing::Test {
+struct SdlDeviceTest : testing::Test {
     static void SetUpTestSuite()
     {
         setenv("SDL_VIDEODRIVER", "dummy", 1);
+        device = std::make_unique<SdlDevice>();
+        useDevice(*device);
         window = CreateWindowExW(0, u"", u"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
         ShowWindow(window, SW_SHOW);
         ASSERT_EQ(GXOpenDisplay(window, GX_FULLSCREEN), 1);
     }
+
+    static void TearDownTestSuite() { device.reset(); }
 
     void SetUp() override
     {
@@ -69,10 +75,11 @@ struct DesktopDevice : testing::Test {
         return text;
     }
 
+    static inline std::unique_ptr<SdlDevice> device;
     static inline HWND window = nullptr;
 };
 
-TEST_F(DesktopDevice, LetsGoOfTheStylusBeforeItLeavesTheForeground)
+TEST_F(SdlDeviceTest, LetsGoOfTheStylusBeforeItLeavesTheForeground)
 {
     button(SDL_MOUSEBUTTONDOWN, 101, 200);
     focus(SDL_WINDOWEVENT_FOCUS_LOST);
@@ -86,7 +93,7 @@ TEST_F(DesktopDevice, LetsGoOfTheStylusBeforeItLeavesTheForeground)
     EXPECT_EQ(GetForegroundWindow(), window);
 }
 
-TEST_F(DesktopDevice, HasOneStylusForMouseAndFingers)
+TEST_F(SdlDeviceTest, HasOneStylusForMouseAndFingers)
 {
     finger(SDL_FINGERDOWN, 7, 0.0f, 0.0f);
     finger(SDL_FINGERDOWN, 8, 0.5f, 0.5f);
@@ -99,7 +106,7 @@ TEST_F(DesktopDevice, HasOneStylusForMouseAndFingers)
     EXPECT_EQ(messages(), "down 1 0,0  move 1 239,319  up 0 0,160  ");
 }
 
-TEST_F(DesktopDevice, ShowsAFrameOnlyWhenItIsNew)
+TEST_F(SdlDeviceTest, ShowsAFrameOnlyWhenItIsNew)
 {
     static_cast<std::uint16_t *>(GXBeginDraw())[0] = 0xFFFF;
     GXEndDraw();
@@ -115,7 +122,7 @@ TEST_F(DesktopDevice, ShowsAFrameOnlyWhenItIsNew)
     EXPECT_EQ(shown[1], 0xFFFFFFFF) << "what the window lost was not shown again";
 }
 
-TEST_F(DesktopDevice, HasAClockThatMovesInSleepAndAtTheDisplaysPace)
+TEST_F(SdlDeviceTest, HasAClockThatMovesInSleepAndAtTheDisplaysPace)
 {
     constexpr int kFrames = 12;
     const std::uint32_t start = GetTickCount();

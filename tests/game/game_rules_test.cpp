@@ -147,7 +147,7 @@ TEST_F(GameRulesTest, StartOneSoundInMoreThan100Ms)
         frame(afterMs);
         return device.sounds;
     };
-    const std::vector<std::u16string> none, once = {u"explosion.wav"};
+    const std::vector<std::string> none, once = {"explosion.wav"};
     EXPECT_EQ(soundsOf(0), once);
     EXPECT_EQ(soundsOf(100), none);
     EXPECT_EQ(soundsOf(1), once);

@@ -48,12 +48,25 @@ struct World {
     Story story; ///< Subscribes after everything in the program.
 };
 
+/// A fresh device in use, switched on later than any before it.
+struct LaterDevice : platform::VirtualDevice {
+    LaterDevice()
+    {
+        constexpr platform::Tick kMsBetweenDevices = 100000000;
+        static platform::Tick tick = 0;
+        switchOn(tick += kMsBetweenDevices);
+        dataFolder = DATA_FOLDER;
+        hiddenFiles = {u"bg.jpg", u"game_over.jpg", u"menu.jpg", u"shop.png"};
+        platform::useDevice(*this);
+    }
+};
+
 /// The program's pictures without those that cover the whole screen: a screen is black but for what it draws
 /// itself.
 class GameTest : public testing::Test
 {
 protected:
-    /// A fresh device, later than any test before it; nothing is queued and there is no game.
+    /// Nothing is queued and there is no game.
     GameTest()
     {
         state.mode = GameMode::None;
@@ -104,23 +117,10 @@ protected:
         state.missiles[id] = {x, y, x, y, device.tick(), 1000, x, y, nullptr, id};
     }
 
-    platform::VirtualDevice &device = freshDevice();
+    LaterDevice device;
     Application &application = World::instance().program.application();
     GameState &state = const_cast<GameState &>(World::instance().program.state()); // tests set scenes up
     std::string &story = World::instance().story.text;
-
-private:
-    static platform::VirtualDevice &freshDevice()
-    {
-        constexpr std::uint32_t kMsBetweenTests = 1000000;
-        platform::VirtualDevice &device = platform::VirtualDevice::instance();
-        const std::uint32_t tick = device.tick() + kMsBetweenTests;
-        platform::VirtualDevice::reset();
-        device.switchOn(tick);
-        device.dataFolder = DATA_FOLDER;
-        device.hiddenFiles = {u"bg.jpg", u"game_over.jpg", u"menu.jpg", u"shop.png"};
-        return device;
-    }
 };
 
 } // namespace mygame::tests

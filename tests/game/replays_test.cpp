@@ -1,5 +1,5 @@
 /// Every script in tests/replays is a test: NAME.txt must show the facts of NAME.facts. How a fact is written
-/// stands in tools/replay/README.md.
+/// stands in replay/README.md.
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <regex>

@@ -10,7 +10,7 @@
 
 #include "graphics/image_loading.h"
 #include "tests/game/game_test.h"
-#include "tools/replay/picture_file.h"
+#include "replay/picture_file.h"
 
 namespace mygame::tests
 {

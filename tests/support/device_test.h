@@ -12,7 +12,7 @@
 #include "platform/virtual/virtual_device.h"
 #include "shell/log.h"
 #include "tests/support/letters.h"
-#include "tools/replay/picture_file.h"
+#include "replay/picture_file.h"
 
 namespace mygame::tests
 {
@@ -37,8 +37,8 @@ struct DeviceTest : testing::Test {
         std::string name = testing::TempDir() + "mygame-XXXXXX";
         folder = mkdtemp(name.data());
         std::filesystem::current_path(folder);
-        platform::VirtualDevice::reset();
         device.dataFolder = folder;
+        platform::useDevice(device);
     }
 
     ~DeviceTest() override
@@ -70,7 +70,7 @@ struct DeviceTest : testing::Test {
         return readFile("log.txt");
     }
 
-    platform::VirtualDevice &device = platform::VirtualDevice::instance();
+    platform::VirtualDevice device;
     std::filesystem::path folder;
 };
 

@@ -1,0 +1,178 @@
+#include "platform/sdl/event_handler.h"
+
+#include <cmath>
+#include <utility>
+
+namespace platform
+{
+namespace
+{
+
+constexpr Pointer kMouse{Pointer::Kind::Mouse, 0};
+
+Pointer fingerOf(const SDL_TouchFingerEvent &event) { return {Pointer::Kind::Finger, event.fingerId}; }
+
+bool togglesFullScreen(const SDL_Keysym &key)
+{
+    const bool alt = (key.mod & KMOD_ALT) != 0;
+    const bool others = (key.mod & (KMOD_CTRL | KMOD_GUI | KMOD_SHIFT)) != 0;
+    return !others && (alt ? key.sym == SDLK_RETURN : key.sym == SDLK_F11);
+}
+
+/// SDL makes up the release of every key right before it reports that the keyboard is gone. Such a release is
+/// followed by nothing but its like and that report.
+bool isKeyboardGoing()
+{
+    constexpr int kMostKeysDown = 64;
+    SDL_Event waiting[kMostKeysDown];
+    const int count = SDL_PeepEvents(waiting, kMostKeysDown, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
+    for (int i = 0; i < count; ++i) {
+        if (waiting[i].type != SDL_KEYUP)
+            return waiting[i].type == SDL_WINDOWEVENT &&
+                   waiting[i].window.event == SDL_WINDOWEVENT_FOCUS_LOST;
+    }
+    return false;
+}
+
+} // namespace
+
+void EventHandler::handle(const SDL_Event &event)
+{
+    switch (event.type) {
+    case SDL_QUIT:
+        messages.post(WM_QUIT);
+        break;
+    case SDL_APP_TERMINATING:
+        messages.post(WM_QUERYENDSESSION);
+        break;
+    case SDL_WINDOWEVENT:
+        handleWindowEvent(event.window);
+        break;
+    case SDL_RENDER_TARGETS_RESET:
+    case SDL_RENDER_DEVICE_RESET:
+        pictureLost = true;
+        break;
+    case SDL_SYSWMEVENT:
+        host.noteSystemEvent(event);
+        break;
+    case SDL_KEYDOWN:
+        handleKeyPress(event.key);
+        break;
+    case SDL_KEYUP:
+        handleKeyRelease(event.key);
+        break;
+    case SDL_MOUSEMOTION:
+        stylus.move(kMouse, toScreen(window.size(), {event.motion.x, event.motion.y}));
+        break;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP:
+        handleMouseButton(event.button);
+        break;
+    case SDL_FINGERDOWN:
+    case SDL_FINGERMOTION:
+    case SDL_FINGERUP:
+        handleFinger(event.tfinger);
+        break;
+    default:
+        break;
+    }
+}
+
+bool EventHandler::takePictureLost() { return std::exchange(pictureLost, false); }
+
+void EventHandler::handleWindowEvent(const SDL_WindowEvent &event)
+{
+    switch (event.event) {
+    case SDL_WINDOWEVENT_FOCUS_GAINED:
+        enterForeground();
+        break;
+    case SDL_WINDOWEVENT_FOCUS_LOST:
+        leaveForeground();
+        break;
+    case SDL_WINDOWEVENT_SHOWN:
+    case SDL_WINDOWEVENT_EXPOSED:
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+    case SDL_WINDOWEVENT_DISPLAY_CHANGED:
+        pictureLost = true;
+        break;
+    default:
+        break;
+    }
+}
+
+void EventHandler::enterForeground()
+{
+    constexpr std::uint32_t WA_ACTIVE = 1;
+    foreground = true;
+    host.noteKeyboardGained();
+    messages.post(WM_ACTIVATE, WA_ACTIVE);
+    messages.post(WM_SETFOCUS);
+}
+
+void EventHandler::leaveForeground()
+{
+    constexpr std::uint32_t WA_INACTIVE = 0;
+    foreground = false;
+    stylus.lift();
+    buttons.forget();
+    messages.post(WM_ACTIVATE, WA_INACTIVE);
+    messages.post(WM_KILLFOCUS);
+}
+
+void EventHandler::handleKeyPress(const SDL_KeyboardEvent &event)
+{
+    // Without a window manager the pointer alone can direct keys to a window in the background.
+    if (!foreground || event.repeat != 0 || host.isPressOfHeldKey())
+        return;
+    if (togglesFullScreen(event.keysym))
+        window.toggleFullScreen();
+    else
+        buttons.press(event.keysym.sym, event.keysym.mod);
+}
+
+void EventHandler::handleKeyRelease(const SDL_KeyboardEvent &event)
+{
+    if (!isKeyboardGoing())
+        buttons.release(event.keysym.sym);
+}
+
+void EventHandler::handleMouseButton(const SDL_MouseButtonEvent &event)
+{
+    if (event.button != SDL_BUTTON_LEFT)
+        return;
+    const Point pixel = toScreen(window.size(), {event.x, event.y});
+    if (event.type == SDL_MOUSEBUTTONDOWN)
+        press(kMouse, pixel);
+    else
+        stylus.release(kMouse, pixel);
+}
+
+void EventHandler::handleFinger(const SDL_TouchFingerEvent &event)
+{
+    const Point pixel = fingerPixel(event);
+    if (event.type == SDL_FINGERDOWN)
+        press(fingerOf(event), pixel);
+    else if (event.type == SDL_FINGERMOTION)
+        stylus.move(fingerOf(event), pixel);
+    else
+        stylus.release(fingerOf(event), pixel);
+}
+
+void EventHandler::press(Pointer pointer, Point pixel)
+{
+    // What touches a window in the background only brings it to the front.
+    if (foreground)
+        stylus.press(pointer, pixel);
+}
+
+Point EventHandler::fingerPixel(const SDL_TouchFingerEvent &event) const
+{
+    // A finger's place is a fraction of the window: counted in pixels it needs no points.
+    const Size pixels = window.size().pixels;
+    const auto place = [](float fraction, int length) {
+        return static_cast<int>(std::floor(fraction * static_cast<float>(length)));
+    };
+    return toScreen({pixels, pixels}, {place(event.x, pixels.width), place(event.y, pixels.height)});
+}
+
+} // namespace platform

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <SDL_events.h>
+
+#include "platform/sdl/buttons.h"
+#include "platform/sdl/game_window.h"
+#include "platform/sdl/message_queue.h"
+#include "platform/sdl/stylus.h"
+
+namespace platform
+{
+
+/// Turns what happens to the window into the messages that the handheld's window system would send.
+class EventHandler
+{
+public:
+    EventHandler(Host &host, GameWindow &window, MessageQueue &messages)
+        : host(host), window(window), messages(messages), stylus(messages), buttons(messages)
+    {
+    }
+
+    /// To be told every event that SDL reports, in order and as soon as it is taken from SDL's queue.
+    void handle(const SDL_Event &event);
+
+    /// Whether the window has the keyboard.
+    bool inForeground() const { return foreground; }
+
+    /// Whether, since the last call, the window's size or display changed or what it showed was lost.
+    bool takePictureLost();
+
+private:
+    void handleWindowEvent(const SDL_WindowEvent &event);
+    void enterForeground();
+    void leaveForeground();
+    void handleKeyPress(const SDL_KeyboardEvent &event);
+    void handleKeyRelease(const SDL_KeyboardEvent &event);
+    void handleMouseButton(const SDL_MouseButtonEvent &event);
+    void handleFinger(const SDL_TouchFingerEvent &event);
+    void press(Pointer pointer, Point pixel);
+    Point fingerPixel(const SDL_TouchFingerEvent &event) const;
+
+    Host &host;
+    GameWindow &window;
+    MessageQueue &messages;
+    Stylus stylus;
+    Buttons buttons;
+    bool foreground = false;
+    bool pictureLost = false;
+};
+
+} // namespace platform

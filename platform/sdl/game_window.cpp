@@ -1,0 +1,192 @@
+#include "platform/sdl/game_window.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include <SDL.h>
+
+#include "platform/common/picture.h"
+#include "platform/sdl/surface_presenter.h"
+#include "platform/sdl/texture_presenter.h"
+
+namespace platform
+{
+namespace
+{
+
+/// Height of a title bar and a margin, in points.
+constexpr int kRoomForDecorations = 48;
+
+constexpr std::pair<const char *, const char *> kHints[] = {
+    {SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"}, // A window surface is shared memory, not a texture.
+    {SDL_HINT_TOUCH_MOUSE_EVENTS, "0"},       // A finger is not a mouse as well, nor the other way round.
+    {SDL_HINT_MOUSE_TOUCH_EVENTS, "0"},
+    {SDL_HINT_NO_SIGNAL_HANDLERS, "1"},
+    {SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1"},
+    {SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"}, // A small picture needs no compositor switched off.
+};
+
+/// Where there is no display SDL falls back to drawing into memory, for nobody to see, unless that is wanted.
+bool isInvisible(std::string_view driver)
+{
+    return !SDL_GetHint(SDL_HINT_VIDEODRIVER) && (driver == "offscreen" || driver == "dummy");
+}
+
+/// In points, which are physical pixels except on displays of high density.
+Size comfortableSize()
+{
+    SDL_Rect usable{};
+    SDL_GetDisplayUsableBounds(0, &usable);
+    const int scale = layOut({usable.w, usable.h - kRoomForDecorations}).scale;
+    return {kScreenSize.width * scale, kScreenSize.height * scale};
+}
+
+} // namespace
+
+GameWindow::~GameWindow()
+{
+    if (host.isDisplayLost())
+        abandon();
+    presenter_.reset();
+    window.reset();
+    if (videoRuns)
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+bool GameWindow::startVideo()
+{
+    for (const auto &[name, value] : kHints)
+        SDL_SetHint(name, value);
+    host.prepareDisplay();
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
+        return false;
+    if (isInvisible(SDL_GetCurrentVideoDriver())) {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        return false;
+    }
+    // No text is typed here: an input method would only swallow keys.
+    SDL_StopTextInput();
+    // The only place where the keys that are down can be seen.
+    SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);
+    return true;
+}
+
+bool GameWindow::create(const std::string &title, const std::string &iconFile)
+{
+    videoRuns = videoRuns || startVideo();
+    if (!videoRuns)
+        return false;
+    const bool graphicsProcessor = host.hasGraphicsProcessor();
+    std::uint32_t flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
+    if (graphicsProcessor)
+        flags |= SDL_WINDOW_OPENGL;
+    const Size size = comfortableSize();
+    window.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.width,
+                                  size.height, flags));
+    if (!window)
+        return false;
+    host.keepWithoutDisplay(window.get());
+    SDL_SetWindowMinimumSize(window.get(), kScreenSize.width, kScreenSize.height);
+    setIcon(iconFile);
+    makePresenter(graphicsProcessor);
+    return true;
+}
+
+void GameWindow::abandon()
+{
+    static_cast<void>(presenter_.release());
+    static_cast<void>(window.release());
+    videoRuns = false;
+}
+
+void GameWindow::setIcon(const std::string &file)
+{
+    common::Picture picture;
+    if (!common::decodePicture(file, picture))
+        return;
+    SDL_Surface *icon =
+        SDL_CreateRGBSurfaceWithFormatFrom(picture.pixels.get(), picture.width, picture.height, 32,
+                                           static_cast<int>(picture.rowBytes()), SDL_PIXELFORMAT_BGRA32);
+    SDL_SetWindowIcon(window.get(), icon);
+    SDL_FreeSurface(icon);
+}
+
+void GameWindow::makePresenter(bool graphicsProcessor)
+{
+    // Either way may be barred: no memory of the window can be had, for one, where pixels have 30 bits.
+    for (const bool useTexture : {graphicsProcessor, !graphicsProcessor}) {
+        presenter_.reset();
+        if (useTexture)
+            presenter_ = std::make_unique<TexturePresenter>(window.get());
+        else
+            presenter_ = std::make_unique<SurfacePresenter>(window.get());
+        if (presenter_->isReady())
+            return;
+    }
+}
+
+bool GameWindow::show(bool visible)
+{
+    if (!window)
+        return false;
+    const bool wasVisible = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_SHOWN) != 0;
+    host.showWindow(window.get(), visible);
+    return wasVisible;
+}
+
+void GameWindow::toggleFullScreen()
+{
+    if (!window)
+        return;
+    if (!host.hasWindowManager(window.get())) {
+        toggleCover();
+        return;
+    }
+    const bool full = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
+    SDL_SetWindowFullscreen(window.get(), full ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
+
+void GameWindow::toggleCover()
+{
+    SDL_Rect place{};
+    if (uncovered) {
+        place = *std::exchange(uncovered, std::nullopt);
+    } else {
+        SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(window.get()), &place);
+        SDL_Rect &old = uncovered.emplace();
+        SDL_GetWindowPosition(window.get(), &old.x, &old.y);
+        SDL_GetWindowSize(window.get(), &old.w, &old.h);
+    }
+    SDL_SetWindowPosition(window.get(), place.x, place.y);
+    SDL_SetWindowSize(window.get(), place.w, place.h);
+}
+
+void GameWindow::raise()
+{
+    if (!window)
+        return;
+    if ((SDL_GetWindowFlags(window.get()) & SDL_WINDOW_MINIMIZED) != 0)
+        SDL_RestoreWindow(window.get());
+    SDL_RaiseWindow(window.get());
+}
+
+WindowSize GameWindow::size() const
+{
+    WindowSize size{};
+    if (window) {
+        SDL_GetWindowSize(window.get(), &size.points.width, &size.points.height);
+        SDL_GetWindowSizeInPixels(window.get(), &size.pixels.width, &size.pixels.height);
+    }
+    return size;
+}
+
+int GameWindow::refreshRate() const
+{
+    SDL_DisplayMode mode{};
+    if (!window || SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window.get()), &mode) != 0)
+        return 0;
+    return mode.refresh_rate;
+}
+
+} // namespace platform

@@ -1,0 +1,87 @@
+#include <alsa/asoundlib.h>
+#include <climits>
+#include <ctime>
+#include <unistd.h>
+
+#include <SDL_video.h>
+
+#include "platform/sdl/host.h"
+#include "platform/sdl/linux/display_connection.h"
+#include "platform/sdl/linux/graphics_probe.h"
+#include "platform/sdl/linux/held_keys.h"
+#include "platform/sdl/linux/single_instance.h"
+#include "platform/sdl/linux/termination.h"
+#include "platform/sdl/linux/window_manager.h"
+
+namespace platform
+{
+namespace
+{
+
+/// Instead of a page of complaints on the terminal where there is no sound card.
+void ignoreAlsaError(const char *, int, const char *, int, const char *, ...) {}
+
+class LinuxHost final : public Host
+{
+public:
+    LinuxHost()
+    {
+        catchTerminationSignals();
+        snd_lib_error_set_handler(ignoreAlsaError);
+    }
+
+    Tick machineTick() const override
+    {
+        timespec time{};
+        clock_gettime(CLOCK_BOOTTIME, &time);
+        return static_cast<Tick>(time.tv_sec * 1000 + time.tv_nsec / 1000000);
+    }
+
+    std::string programPath() const override
+    {
+        std::string path;
+        ssize_t length = 0;
+        do {
+            path.resize(path.size() + PATH_MAX);
+            length = readlink("/proc/self/exe", path.data(), path.size());
+        } while (length == static_cast<ssize_t>(path.size()));
+        path.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+        return path;
+    }
+
+    bool isOtherCopyRunning() override { return singleInstance_.isOtherRunning(); }
+    void raiseOtherCopy() override { SingleInstance::raiseOther(); }
+    bool takeRaiseRequest() override { return singleInstance_.takeRaiseRequest(); }
+
+    bool takeTerminationRequest() override { return platform::takeTerminationRequest(); }
+
+    void prepareDisplay() override { endWithDisplay(); }
+    void keepWithoutDisplay(SDL_Window *window) override { surviveLossOfDisplay(window); }
+    bool isDisplayLost() const override { return platform::isDisplayLost(); }
+
+    void showWindow(SDL_Window *window, bool visible) override
+    {
+        const DisplayNeeded untilItIsDone;
+        if (visible)
+            SDL_ShowWindow(window);
+        else
+            SDL_HideWindow(window);
+    }
+
+    bool hasGraphicsProcessor() override { return platform::hasGraphicsProcessor(); }
+    bool hasWindowManager(SDL_Window *window) const override { return platform::hasWindowManager(window); }
+
+    void noteKeyboardGained() override { heldKeys_.begin(); }
+    void noteSystemEvent(const SDL_Event &event) override { heldKeys_.note(event); }
+    bool isPressOfHeldKey() const override { return heldKeys_.lastPressIsOld(); }
+
+private:
+    SingleInstance singleInstance_;
+    HeldKeys heldKeys_;
+};
+
+} // namespace
+
+std::unique_ptr<Host> makeHost() { return std::make_unique<LinuxHost>(); }
+
+} // namespace platform

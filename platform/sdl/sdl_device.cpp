@@ -1,0 +1,122 @@
+#include "platform/sdl/sdl_device.h"
+
+#include <chrono>
+#include <thread>
+
+#include <SDL_events.h>
+
+#include "platform/common/device_path.h"
+
+namespace platform
+{
+namespace
+{
+
+constexpr char kIconFile[] = "icon-64.png";
+
+/// Longest wait in the background: how late a request from another copy may be noticed.
+constexpr int kBackgroundWaitMs = 100;
+
+constexpr std::uint32_t kPixelBytes = sizeof(Frame::value_type);
+
+/// "A device attached to the system is not functioning."
+constexpr std::uint32_t ERROR_GEN_FAILURE = 31;
+
+} // namespace
+
+SdlDevice::SdlDevice() = default;
+
+bool SdlDevice::createWindow(const std::string &title)
+{
+    const std::string path = host_->programPath();
+    return window_.create(title, path.substr(0, path.rfind('/') + 1) + kIconFile);
+}
+
+bool SdlDevice::poll(MSG &message)
+{
+    if (messages_.take(message))
+        return true;
+    pump();
+    return messages_.take(message);
+}
+
+void SdlDevice::pump()
+{
+    if (!window_.exists())
+        return;
+    SDL_PumpEvents();
+    if (host_->isDisplayLost()) {
+        endSession();
+        return;
+    }
+    SDL_Event event;
+    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0)
+        events_.handle(event);
+    if (host_->takeTerminationRequest())
+        messages_.post(WM_QUIT);
+    if (host_->takeRaiseRequest())
+        window_.raise();
+    if (events_.takePictureLost())
+        repairPicture();
+}
+
+void SdlDevice::endSession()
+{
+    displayOpen_ = false;
+    window_.abandon();
+    messages_.post(WM_QUERYENDSESSION);
+}
+
+void SdlDevice::repairPicture()
+{
+    pacer_.setRefreshRate(window_.refreshRate());
+    window_.presenter()->invalidate();
+    damage_ = kWholeWindow;
+    // In the background no frame follows that would show it.
+    if (displayOpen_ && !inForeground() && present(damage_))
+        damage_ = kNoDamage;
+}
+
+bool SdlDevice::present(const Damage &damage) { return window_.presenter()->present(shown_, damage); }
+
+std::uint32_t SdlDevice::openDisplay()
+{
+    displayOpen_ = window_.exists() && window_.presenter()->isReady();
+    return displayOpen_ ? 0 : ERROR_GEN_FAILURE;
+}
+
+GXDisplayProperties SdlDevice::displayProperties() const
+{
+    return {kScreenSize.width, kScreenSize.height, kPixelBytes, kScreenSize.width * kPixelBytes,
+            kPixelBytes * 8,   kfDirect565};
+}
+
+void SdlDevice::endDraw()
+{
+    VerticalSync sync = VerticalSync::Off;
+    const RowSpan changed = differingRows(drawn_, shown_);
+    damage_ = {spanOver(damage_.rows, changed), damage_.surroundings};
+    if (displayOpen_ && !damage_.empty()) {
+        shown_ = drawn_;
+        if (present(damage_))
+            damage_ = kNoDamage;
+        sync = window_.presenter()->verticalSync();
+    }
+    pacer_.wait(sync);
+    clock_.sample();
+}
+
+void SdlDevice::sleep(std::uint32_t milliseconds)
+{
+    if (window_.exists() && !inForeground())
+        SDL_WaitEventTimeout(nullptr, kBackgroundWaitMs);
+    else if (milliseconds != 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    clock_.sample();
+}
+
+std::u16string SdlDevice::programPath() const { return common::toDevicePath(host_->programPath()); }
+
+std::string SdlDevice::hostFile(const std::u16string &path) const { return common::toHostPath(path); }
+
+} // namespace platform

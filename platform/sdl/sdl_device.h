@@ -1,0 +1,67 @@
+/// A device with a screen: a window of a desktop.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/device.h"
+#include "platform/sdl/event_handler.h"
+#include "platform/sdl/frame.h"
+#include "platform/sdl/frame_pacer.h"
+#include "platform/sdl/game_window.h"
+#include "platform/sdl/host.h"
+#include "platform/sdl/message_queue.h"
+#include "platform/sdl/sampled_clock.h"
+#include "platform/sdl/sound_player.h"
+
+namespace platform
+{
+
+class SdlDevice final : public Device
+{
+public:
+    SdlDevice();
+
+    Tick tick() const override { return clock_.tick(); }
+    /// In the background until an event comes, though not for long; else for the time given.
+    void sleep(std::uint32_t milliseconds) override;
+
+    bool poll(MSG &message) override;
+    bool createWindow(const std::string &title) override;
+    bool showWindow(bool visible) override { return window_.show(visible); }
+    void raiseWindow() override { window_.raise(); }
+    bool inForeground() const override { return events_.inForeground(); }
+    bool isOtherCopyRunning() override { return host_->isOtherCopyRunning(); }
+    void raiseOtherCopy() override { host_->raiseOtherCopy(); }
+
+    std::uint32_t openDisplay() override;
+    void closeDisplay() override { displayOpen_ = false; }
+    GXDisplayProperties displayProperties() const override;
+    void *beginDraw() override { return displayOpen_ ? drawn_.data() : nullptr; }
+    void endDraw() override;
+
+    std::u16string programPath() const override;
+    std::string hostFile(const std::u16string &path) const override;
+    void startSound(const std::string &hostFile) override { sound_.play(hostFile); }
+
+private:
+    void pump();
+    void endSession();
+    void repairPicture();
+    bool present(const Damage &damage);
+
+    std::unique_ptr<Host> host_ = makeHost();
+    SampledClock clock_{host_->machineTick()};
+    MessageQueue messages_;
+    GameWindow window_{*host_};
+    EventHandler events_{*host_, window_, messages_};
+    SoundPlayer sound_;
+    FramePacer pacer_;
+    bool displayOpen_ = false;
+    Frame drawn_{};
+    Frame shown_{};
+    Damage damage_ = kWholeWindow; ///< What of the window may not show `shown_`.
+};
+
+} // namespace platform

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+
+#include <SDL_render.h>
+
+#include "platform/sdl/presenter.h"
+
+namespace platform
+{
+
+/// Shows frames through a graphics processor, in step with the display.
+class TexturePresenter final : public Presenter
+{
+public:
+    /// The window must outlive the presenter and be made for OpenGL.
+    explicit TexturePresenter(SDL_Window *window);
+
+    bool isReady() override { return texture != nullptr; }
+    bool present(const Frame &frame, const Damage &damage) override;
+    void invalidate() override;
+    VerticalSync verticalSync() const override { return VerticalSync::On; }
+
+private:
+    struct Destroy {
+        void operator()(SDL_Renderer *renderer) const { SDL_DestroyRenderer(renderer); }
+        void operator()(SDL_Texture *texture) const { SDL_DestroyTexture(texture); }
+    };
+
+    bool upload(const Frame &frame, RowSpan rows);
+
+    std::unique_ptr<SDL_Renderer, Destroy> renderer;
+    std::unique_ptr<SDL_Texture, Destroy> texture;
+};
+
+} // namespace platform

@@ -1,0 +1,248 @@
+#include "replay/script.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <set>
+
+#include "platform/common/utf8.h"
+#include "platform/window.h"
+
+namespace replay
+{
+namespace
+{
+
+constexpr std::uint32_t kMaxNumber = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t kMaxWord16 = 65535;
+constexpr std::uint32_t kMaxFrameCostMs = 10000;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// What is wrong with the line being read.
+struct Fault {
+    std::string what;
+};
+
+/// The words of one line, taken one after the other.
+class Words
+{
+public:
+    explicit Words(std::string_view line) : rest(line.substr(0, line.find('#'))) { skipBlanks(); }
+
+    bool atEnd() const { return rest.empty(); }
+
+    /// The next word. `what` says what is missing at the end of the line.
+    std::string_view word(std::string_view what)
+    {
+        if (atEnd())
+            throw Fault{"missing " + std::string(what)};
+        const std::size_t length = std::min(rest.find_first_of(" \t"), rest.size());
+        const std::string_view taken = rest.substr(0, length);
+        rest.remove_prefix(length);
+        skipBlanks();
+        return taken;
+    }
+
+    /// The next word as a number from 0 to `max`.
+    std::uint32_t number(std::string_view what, std::uint32_t max)
+    {
+        const std::string_view digits = word(what);
+        const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+        if (!std::all_of(digits.begin(), digits.end(), isDigit))
+            throw Fault{"'" + std::string(digits) + "' is not a number, " + std::string(what) + " is wanted"};
+        std::uint32_t value = 0;
+        const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+        if (result.ec != std::errc() || value > max)
+            throw Fault{std::string(what) + " " + std::string(digits) + " is over " + std::to_string(max)};
+        return value;
+    }
+
+    void end() const
+    {
+        if (!atEnd())
+            throw Fault{"'" + std::string(rest.substr(0, rest.find_first_of(" \t"))) + "' is too much"};
+    }
+
+private:
+    void skipBlanks() { rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size())); }
+
+    std::string_view rest;
+};
+
+std::uint32_t pointParameter(Words &words)
+{
+    const std::uint32_t x = words.number("x", kMaxWord16);
+    const std::uint32_t y = words.number("y", kMaxWord16);
+    return y << 16 | x;
+}
+
+template <std::uint32_t Number> Action pointMessage(Words &words)
+{
+    return Message{Number, 0, pointParameter(words)};
+}
+
+template <std::uint32_t Number> Action keyMessage(Words &words)
+{
+    return Message{Number, words.number("key code", kMaxWord16), 0};
+}
+
+Action anyMessage(Words &words)
+{
+    const std::uint32_t number = words.number("message number", kMaxNumber);
+    const std::uint32_t wParam = words.number("wParam", kMaxNumber);
+    return Message{number, wParam, words.number("lParam", kMaxNumber)};
+}
+
+Action frameBuffer(Words &words)
+{
+    const std::string_view state = words.word("'on' or 'off'");
+    if (state != "on" && state != "off")
+        throw Fault{"'" + std::string(state) + "' is neither 'on' nor 'off'"};
+    return FrameBuffer{state == "on"};
+}
+
+Action snapshot(Words &words)
+{
+    const std::string_view name = words.word("the snapshot's name");
+    const auto isAllowed = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
+               c == '_';
+    };
+    if (!std::all_of(name.begin(), name.end(), isAllowed))
+        throw Fault{"'" + std::string(name) + "' may hold only letters, digits, '-' and '_'"};
+    return Snapshot{std::string(name)};
+}
+
+Action frameCost(Words &words) { return FrameCost{words.number("frame cost", kMaxFrameCostMs)}; }
+Action background(Words &) { return Foreground{false}; }
+Action foreground(Words &) { return Foreground{true}; }
+Action quit(Words &) { return Message{platform::WM_QUIT, 0, 0}; }
+
+struct Directive {
+    std::string_view word;
+    Action (*read)(Words &words);
+};
+
+constexpr Directive kTimedDirectives[] = {
+    {"touch", pointMessage<platform::WM_LBUTTONDOWN>},
+    {"release", pointMessage<platform::WM_LBUTTONUP>},
+    {"move", pointMessage<platform::WM_MOUSEMOVE>},
+    {"key-down", keyMessage<platform::WM_KEYDOWN>},
+    {"key-up", keyMessage<platform::WM_KEYUP>},
+    {"background", background},
+    {"foreground", foreground},
+    {"message", anyMessage},
+    {"frame-cost", frameCost},
+    {"frame-buffer", frameBuffer},
+    {"snapshot", snapshot},
+    {"quit", quit},
+};
+
+struct HeaderDirective {
+    std::string_view word;
+    bool repeatable;
+    void (*read)(Words &words, Script &script);
+};
+
+constexpr HeaderDirective kHeaderDirectives[] = {
+    {"clock", false,
+     [](Words &words, Script &script) { script.clock = words.number("tick count", kMaxNumber); }},
+    {"frame-cost", false,
+     [](Words &words, Script &script) { script.frameCostMs = words.number("frame cost", kMaxFrameCostMs); }},
+    {"display-error", false,
+     [](Words &words, Script &script) { script.displayError = words.number("system error", kMaxNumber); }},
+    {"running-copy", false, [](Words &, Script &script) { script.copyRunning = true; }},
+    {"window-error", false, [](Words &, Script &script) { script.windowFails = true; }},
+    {"hide", true,
+     [](Words &words, Script &script) { script.hiddenFiles.emplace_back(words.word("a file name")); }},
+};
+
+template <class Table> auto findDirective(const Table &table, std::string_view word)
+{
+    const auto found = std::find_if(std::begin(table), std::end(table),
+                                    [word](const auto &entry) { return entry.word == word; });
+    if (found == std::end(table))
+        throw Fault{"unknown directive '" + std::string(word) + "'"};
+    return found;
+}
+
+class Parser
+{
+public:
+    explicit Parser(Script &script) : script(script) {}
+
+    void readLine(std::string_view line)
+    {
+        checkText(line);
+        Words words(line);
+        if (words.atEnd())
+            return;
+        const std::string_view first = words.word("a directive");
+        if (first == "at")
+            readTimed(words);
+        else
+            readHeader(first, words);
+        words.end();
+    }
+
+    bool endsWithQuit() const { return lastIsQuit; }
+
+private:
+    static void checkText(std::string_view line)
+    {
+        if (line.find('\r') != std::string_view::npos)
+            throw Fault{"carriage return; lines end in a line feed alone"};
+        if (line.find(kByteOrderMark) != std::string_view::npos)
+            throw Fault{"byte-order mark; save the script without one"};
+        if (!platform::common::isUtf8(line))
+            throw Fault{"not UTF-8 text"};
+    }
+
+    void readHeader(std::string_view word, Words &words)
+    {
+        const auto directive = findDirective(kHeaderDirectives, word);
+        if (!script.timeline.empty())
+            throw Fault{"'" + std::string(word) + "' must stand before the timed lines"};
+        if (!seenHeaders.insert(directive->word).second && !directive->repeatable)
+            throw Fault{"'" + std::string(word) + "' stands here a second time"};
+        directive->read(words, script);
+    }
+
+    void readTimed(Words &words)
+    {
+        const std::uint32_t atMs = words.number("time", kMaxNumber);
+        if (!script.timeline.empty() && atMs < script.timeline.back().atMs)
+            throw Fault{"time " + std::to_string(atMs) + " is before the previous line's " +
+                        std::to_string(script.timeline.back().atMs)};
+        const std::string_view word = words.word("what happens");
+        script.timeline.push_back({atMs, findDirective(kTimedDirectives, word)->read(words)});
+        lastIsQuit = word == "quit";
+    }
+
+    Script &script;
+    std::set<std::string_view> seenHeaders;
+    bool lastIsQuit = false;
+};
+
+} // namespace
+
+std::optional<ScriptFault> parseScript(std::string_view text, Script &script)
+{
+    Parser parser(script);
+    std::size_t line = 0;
+    try {
+        while (!text.empty()) {
+            ++line;
+            const std::size_t length = std::min(text.find('\n'), text.size());
+            parser.readLine(text.substr(0, length));
+            text.remove_prefix(std::min(length + 1, text.size()));
+        }
+        if (!parser.endsWithQuit())
+            throw Fault{"the last line must be a 'quit'"};
+    } catch (const Fault &fault) {
+        return ScriptFault{std::max<std::size_t>(line, 1), fault.what};
+    }
+    return std::nullopt;
+}
+
+} // namespace replay

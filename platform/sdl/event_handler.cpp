@@ -19,19 +19,11 @@ bool togglesFullScreen(const SDL_Keysym &key)
     return !others && (alt ? key.sym == SDLK_RETURN : key.sym == SDLK_F11);
 }
 
-/// SDL makes up the release of every key right before it reports that the keyboard is gone. Such a release is
-/// followed by nothing but its like and that report.
-bool isKeyboardGoing()
+/// Only the key alone: what belongs to a chord is the desktop's.
+bool isEscape(const SDL_Keysym &key)
 {
-    constexpr int kMostKeysDown = 64;
-    SDL_Event waiting[kMostKeysDown];
-    const int count = SDL_PeepEvents(waiting, kMostKeysDown, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
-    for (int i = 0; i < count; ++i) {
-        if (waiting[i].type != SDL_KEYUP)
-            return waiting[i].type == SDL_WINDOWEVENT &&
-                   waiting[i].window.event == SDL_WINDOWEVENT_FOCUS_LOST;
-    }
-    return false;
+    constexpr int kModifiers = KMOD_ALT | KMOD_CTRL | KMOD_SHIFT | KMOD_GUI;
+    return key.sym == SDLK_ESCAPE && (key.mod & kModifiers) == 0;
 }
 
 } // namespace
@@ -57,9 +49,6 @@ void EventHandler::handle(const SDL_Event &event)
         break;
     case SDL_KEYDOWN:
         handleKeyPress(event.key);
-        break;
-    case SDL_KEYUP:
-        handleKeyRelease(event.key);
         break;
     case SDL_MOUSEMOTION:
         stylus.move(kMouse, toScreen(window.size(), {event.motion.x, event.motion.y}));
@@ -113,8 +102,8 @@ void EventHandler::leaveForeground()
 {
     constexpr std::uint32_t WA_INACTIVE = 0;
     foreground = false;
-    stylus.lift();
-    buttons.forget();
+    stylus.cancel();
+    escape.forget();
     messages.post(WM_ACTIVATE, WA_INACTIVE);
     messages.post(WM_KILLFOCUS);
 }
@@ -126,14 +115,28 @@ void EventHandler::handleKeyPress(const SDL_KeyboardEvent &event)
         return;
     if (togglesFullScreen(event.keysym))
         window.toggleFullScreen();
-    else
-        buttons.press(event.keysym.sym, event.keysym.mod);
+    else if (isEscape(event.keysym))
+        pressEscape();
 }
 
-void EventHandler::handleKeyRelease(const SDL_KeyboardEvent &event)
+void EventHandler::pressEscape()
 {
-    if (!isKeyboardGoing())
-        buttons.release(event.keysym.sym);
+    constexpr std::uint32_t VK_ESCAPE = 0x1B;
+    if (window.isFullScreen()) {
+        window.toggleFullScreen();
+    } else if (escape.press(EscapeKey::Clock::now())) {
+        messages.post(WM_KEYDOWN, VK_ESCAPE);
+        messages.post(WM_KEYUP, VK_ESCAPE);
+    }
+}
+
+void EventHandler::keepTime()
+{
+    const bool asks = escape.isAsking(EscapeKey::Clock::now());
+    if (asks == titleAsks)
+        return;
+    titleAsks = asks;
+    window.setTitleNote(asks ? "Press Escape again to leave" : "");
 }
 
 void EventHandler::handleMouseButton(const SDL_MouseButtonEvent &event)

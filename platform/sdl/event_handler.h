@@ -2,7 +2,7 @@
 
 #include <SDL_events.h>
 
-#include "platform/sdl/buttons.h"
+#include "platform/sdl/escape_key.h"
 #include "platform/sdl/game_window.h"
 #include "platform/sdl/message_queue.h"
 #include "platform/sdl/stylus.h"
@@ -15,12 +15,15 @@ class EventHandler
 {
 public:
     EventHandler(Host &host, GameWindow &window, MessageQueue &messages)
-        : host(host), window(window), messages(messages), stylus(messages), buttons(messages)
+        : host(host), window(window), messages(messages), stylus(messages)
     {
     }
 
     /// To be told every event that SDL reports, in order and as soon as it is taken from SDL's queue.
     void handle(const SDL_Event &event);
+
+    /// To be called now and then: takes back what the title says when its time is over.
+    void keepTime();
 
     /// Whether the window has the keyboard.
     bool inForeground() const { return foreground; }
@@ -33,7 +36,7 @@ private:
     void enterForeground();
     void leaveForeground();
     void handleKeyPress(const SDL_KeyboardEvent &event);
-    void handleKeyRelease(const SDL_KeyboardEvent &event);
+    void pressEscape();
     void handleMouseButton(const SDL_MouseButtonEvent &event);
     void handleFinger(const SDL_TouchFingerEvent &event);
     void press(Pointer pointer, Point pixel);
@@ -43,9 +46,10 @@ private:
     GameWindow &window;
     MessageQueue &messages;
     Stylus stylus;
-    Buttons buttons;
+    EscapeKey escape;
     bool foreground = false;
     bool pictureLost = false;
+    bool titleAsks = false; ///< For the second press of Escape.
 };
 
 } // namespace platform

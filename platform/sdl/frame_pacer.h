@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 
 namespace platform
 {
@@ -12,18 +13,22 @@ enum class VerticalSync { Off, On };
 class FramePacer
 {
 public:
-    /// In Hz; a value that no display has counts as 60.
-    void setRefreshRate(int rate);
+    /// Frames in a second: what a display says of itself, or 60 where that can be no display's rate.
+    std::uint32_t setRefreshRate(int displayRate);
 
-    /// Waits until a period has passed since the last wait. After a frame that vertical sync seems to have
-    /// held there is nothing to wait for. Of the time lost in a long frame a period at most is made up for.
-    void wait(VerticalSync sync);
+    /// Waits for the next refresh, one period after the last. After a frame that vertical sync seems to have
+    /// held there is nothing to wait for. @return the refreshes since the last call, more than 1 where some
+    /// were missed; 1 also after so long that the machine must have slept.
+    std::uint32_t wait(VerticalSync sync);
+
+    /// Begins anew: the time until now is no frame's.
+    void restart() { last_ = Clock::now(); }
 
 private:
     using Clock = std::chrono::steady_clock;
 
-    Clock::duration period = std::chrono::nanoseconds(std::chrono::seconds(1)) / 60;
-    Clock::time_point last = Clock::now();
+    Clock::duration period_ = std::chrono::nanoseconds(std::chrono::seconds(1)) / 60;
+    Clock::time_point last_ = Clock::now(); ///< When the last refresh was due.
 };
 
 } // namespace platform

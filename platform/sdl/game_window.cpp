@@ -15,8 +15,10 @@ namespace platform
 namespace
 {
 
-/// Height of a title bar and a margin, in points.
-constexpr int kRoomForDecorations = 48;
+/// For a title bar, borders and a margin, in points.
+constexpr Size kRoomForDecorations{16, 48};
+/// Of the smallest window, in points: a quarter of the screen's size in each direction.
+constexpr int kSmallestPart = 4;
 
 constexpr std::pair<const char *, const char *> kHints[] = {
     {SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"}, // A window surface is shared memory, not a texture.
@@ -38,8 +40,9 @@ Size comfortableSize()
 {
     SDL_Rect usable{};
     SDL_GetDisplayUsableBounds(0, &usable);
-    const int scale = layOut({usable.w, usable.h - kRoomForDecorations}).scale;
-    return {kScreenSize.width * scale, kScreenSize.height * scale};
+    const ScreenLayout layout =
+        layOut({usable.w - kRoomForDecorations.width, usable.h - kRoomForDecorations.height});
+    return {layout.width, layout.height};
 }
 
 } // namespace
@@ -72,7 +75,7 @@ bool GameWindow::startVideo()
     return true;
 }
 
-bool GameWindow::create(const std::string &title, const std::string &iconFile)
+bool GameWindow::create(const std::string &newTitle, const std::string &iconFile)
 {
     videoRuns = videoRuns || startVideo();
     if (!videoRuns)
@@ -82,12 +85,14 @@ bool GameWindow::create(const std::string &title, const std::string &iconFile)
     if (graphicsProcessor)
         flags |= SDL_WINDOW_OPENGL;
     const Size size = comfortableSize();
-    window.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.width,
-                                  size.height, flags));
+    window.reset(SDL_CreateWindow(newTitle.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                  size.width, size.height, flags));
     if (!window)
         return false;
+    title = newTitle;
     host.keepWithoutDisplay(window.get());
-    SDL_SetWindowMinimumSize(window.get(), kScreenSize.width, kScreenSize.height);
+    SDL_SetWindowMinimumSize(window.get(), kScreenSize.width / kSmallestPart,
+                             kScreenSize.height / kSmallestPart);
     setIcon(iconFile);
     makePresenter(graphicsProcessor);
     return true;
@@ -143,8 +148,25 @@ void GameWindow::toggleFullScreen()
         toggleCover();
         return;
     }
-    const bool full = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
-    SDL_SetWindowFullscreen(window.get(), full ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+    if (isFullScreen()) {
+        SDL_SetWindowFullscreen(window.get(), 0);
+        if (wasMaximised)
+            SDL_MaximizeWindow(window.get());
+    } else {
+        wasMaximised = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_MAXIMIZED) != 0;
+        SDL_SetWindowFullscreen(window.get(), SDL_WINDOW_FULLSCREEN_DESKTOP);
+    }
+}
+
+bool GameWindow::isFullScreen() const
+{
+    return window && (uncovered || (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0);
+}
+
+void GameWindow::setTitleNote(const std::string &note)
+{
+    if (window)
+        SDL_SetWindowTitle(window.get(), note.empty() ? title.c_str() : note.c_str());
 }
 
 void GameWindow::toggleCover()

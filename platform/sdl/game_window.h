@@ -24,9 +24,9 @@ public:
     GameWindow &operator=(const GameWindow &) = delete;
     ~GameWindow();
 
-    /// Makes a hidden window, as large as the screen's largest whole multiple that leaves room around it.
+    /// Makes a hidden window, as large as the picture can be shown well with room around it.
     /// The icon is a picture file, which may be missing. @return false without a display.
-    bool create(const std::string &title, const std::string &iconFile);
+    bool create(const std::string &newTitle, const std::string &iconFile);
 
     bool exists() const { return window != nullptr; }
     /// Forgets the window, whose display has gone: nothing of it could be destroyed any more.
@@ -37,6 +37,9 @@ public:
     /// Shows or hides the window. @return whether it was visible before.
     bool show(bool visible);
     void toggleFullScreen();
+    bool isFullScreen() const;
+    /// Says something in the title in place of the program's name, which comes back with the empty text.
+    void setTitleNote(const std::string &note);
     /// Puts the window in front of all others and asks for the keyboard.
     void raise();
 
@@ -57,7 +60,9 @@ private:
     Host &host;
     std::unique_ptr<SDL_Window, Destroy> window;
     std::unique_ptr<Presenter> presenter_;
+    std::string title;
     bool videoRuns = false;
+    bool wasMaximised = false; ///< Before it went to full screen.
     /// Where the window was before it covered the display without a window manager's help.
     std::optional<SDL_Rect> uncovered;
 };

@@ -8,7 +8,7 @@ struct SDL_Window;
 namespace platform
 {
 
-/// Shows frames in a window, at a whole multiple of its pixels and with black around.
+/// Shows frames in a window, where `layOut` puts them and with black around.
 class Presenter
 {
 public:

@@ -27,18 +27,23 @@ struct WindowSize {
 
 /// The screen's place in a window, in physical pixels.
 struct ScreenLayout {
-    int scale; ///< Pixels in each direction for one pixel of the screen.
-    int left;  ///< Negative, like `top`, in a window that is smaller than the screen.
+    int left;
     int top;
+    int width;
+    int height;
 
     bool operator==(const ScreenLayout &) const = default;
+
+    /// Pixels in each direction for one pixel of the screen; 0 where that is no whole number.
+    int wholeScale() const;
 };
 
-/// The largest whole multiple that fits, at least 1, in the middle of the window.
+/// The middle of a window that is not empty, at a whole multiple of the screen's size where that fills nine
+/// tenths of the height or width that there is, and otherwise as large as it goes.
 ScreenLayout layOut(Size windowPixels);
 
-/// The screen pixel under a place in the window, given in points. Outside the picture it lies outside the
-/// screen, also on the negative side.
+/// The screen pixel that is seen at a place in the window, given in points. Outside the picture it lies
+/// outside the screen, also on the negative side.
 Point toScreen(const WindowSize &window, Point place);
 
 bool isOnScreen(Point pixel);

@@ -36,7 +36,10 @@ bool SdlDevice::poll(MSG &message)
 {
     if (messages_.take(message))
         return true;
-    pump();
+    // In the background only `sleep` looks for what happens: what brings the window to the front is polled
+    // after the clock has moved.
+    if (inForeground())
+        pump();
     return messages_.take(message);
 }
 
@@ -56,6 +59,7 @@ void SdlDevice::pump()
         messages_.post(WM_QUIT);
     if (host_->takeRaiseRequest())
         window_.raise();
+    events_.keepTime();
     if (events_.takePictureLost())
         repairPicture();
 }
@@ -69,7 +73,7 @@ void SdlDevice::endSession()
 
 void SdlDevice::repairPicture()
 {
-    pacer_.setRefreshRate(window_.refreshRate());
+    clock_.setRefreshRate(pacer_.setRefreshRate(window_.refreshRate()));
     window_.presenter()->invalidate();
     damage_ = kWholeWindow;
     // In the background no frame follows that would show it.
@@ -93,6 +97,10 @@ GXDisplayProperties SdlDevice::displayProperties() const
 
 void SdlDevice::endDraw()
 {
+    if (clock_.standsBeforeRefresh()) {
+        clock_.moveToRefresh();
+        return;
+    }
     VerticalSync sync = VerticalSync::Off;
     const RowSpan changed = differingRows(drawn_, shown_);
     damage_ = {spanOver(damage_.rows, changed), damage_.surroundings};
@@ -102,17 +110,21 @@ void SdlDevice::endDraw()
             damage_ = kNoDamage;
         sync = window_.presenter()->verticalSync();
     }
-    pacer_.wait(sync);
-    clock_.sample();
+    clock_.passRefreshes(pacer_.wait(sync));
 }
 
 void SdlDevice::sleep(std::uint32_t milliseconds)
 {
-    if (window_.exists() && !inForeground())
+    if (window_.exists() && !inForeground()) {
         SDL_WaitEventTimeout(nullptr, kBackgroundWaitMs);
-    else if (milliseconds != 0)
+        pump();
+        if (!inForeground())
+            return;
+        pacer_.restart();
+    } else {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-    clock_.sample();
+    }
+    clock_.pass(milliseconds);
 }
 
 std::u16string SdlDevice::programPath() const { return common::toDevicePath(host_->programPath()); }

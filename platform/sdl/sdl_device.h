@@ -9,10 +9,10 @@
 #include "platform/sdl/event_handler.h"
 #include "platform/sdl/frame.h"
 #include "platform/sdl/frame_pacer.h"
+#include "platform/sdl/game_clock.h"
 #include "platform/sdl/game_window.h"
 #include "platform/sdl/host.h"
 #include "platform/sdl/message_queue.h"
-#include "platform/sdl/sampled_clock.h"
 #include "platform/sdl/sound_player.h"
 
 namespace platform
@@ -24,7 +24,8 @@ public:
     SdlDevice();
 
     Tick tick() const override { return clock_.tick(); }
-    /// In the background until an event comes, though not for long; else for the time given.
+    /// In the background it waits for what happens, and the clock stands still until that has brought the
+    /// window to the front.
     void sleep(std::uint32_t milliseconds) override;
 
     bool poll(MSG &message) override;
@@ -52,7 +53,7 @@ private:
     bool present(const Damage &damage);
 
     std::unique_ptr<Host> host_ = makeHost();
-    SampledClock clock_{host_->machineTick()};
+    GameClock clock_{host_->machineTick()};
     MessageQueue messages_;
     GameWindow window_{*host_};
     EventHandler events_{*host_, window_, messages_};

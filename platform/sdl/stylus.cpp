@@ -25,16 +25,8 @@ void Stylus::release(Pointer pointer, Point pixel)
 {
     if (owner != pointer)
         return;
-    last = nearestOnScreen(pixel);
-    lift();
-}
-
-void Stylus::lift()
-{
-    if (!owner)
-        return;
     owner.reset();
-    messages.postStylus(WM_LBUTTONUP, last);
+    messages.postStylus(WM_LBUTTONUP, nearestOnScreen(pixel));
 }
 
 } // namespace platform

@@ -36,8 +36,8 @@ public:
     /// Releases at the nearest picture pixel.
     void release(Pointer pointer, Point pixel);
 
-    /// Releases where the stylus was last; the real release is ignored then.
-    void lift();
+    /// Drops the tap: no message stands for a lift that did not happen, and the real release is ignored.
+    void cancel() { owner.reset(); }
 
 private:
     MessageQueue &messages;

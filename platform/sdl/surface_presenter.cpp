@@ -13,44 +13,60 @@ namespace
 
 constexpr std::uint32_t kBlack = 0xFF000000;
 
-/// The part of a length that lies inside both the picture and the window.
-struct Visible {
-    int first; ///< In screen pixels.
-    int count;
-    int start; ///< In window pixels.
-};
-
-Visible clip(int origin, int scale, int screenLength, int windowLength)
-{
-    const int first = origin < 0 ? -origin : 0;
-    const int start = std::max(origin, 0);
-    return {first, std::min(screenLength - first, (windowLength - start) / scale), start};
-}
-
 bool takesXrgb8888(const SDL_PixelFormat &format)
 {
     return format.BytesPerPixel == sizeof(std::uint32_t) && format.Rmask == 0xFF0000 &&
            format.Gmask == 0xFF00 && format.Bmask == 0xFF;
 }
 
-/// Draws rows of a frame. @return where they lie on the surface.
-SDL_Rect draw(const Frame &frame, RowSpan rows, SDL_Surface &target)
+std::byte *pixelAt(SDL_Surface &surface, int x, int y)
 {
-    const ScreenLayout layout = layOut({target.w, target.h});
-    const Visible across = clip(layout.left, layout.scale, kScreenSize.width, target.w);
-    const Visible down = clip(layout.top, layout.scale, kScreenSize.height, target.h);
-    const int first = std::max(rows.first, down.first);
-    const int last = std::min(rows.last, down.first + down.count);
-    const SDL_Rect drawn{across.start, down.start + (first - down.first) * layout.scale,
-                         across.count * layout.scale, std::max(0, last - first) * layout.scale};
-    auto *pixel = static_cast<std::byte *>(target.pixels) + std::ptrdiff_t{drawn.y} * target.pitch +
-                  std::ptrdiff_t{drawn.x} * static_cast<std::ptrdiff_t>(sizeof(std::uint32_t));
-    for (int y = first; y < last; ++y, pixel += std::ptrdiff_t{target.pitch} * layout.scale)
-        convertRow(rowOf(frame, y) + across.first, across.count, layout.scale, pixel, target.pitch);
+    return static_cast<std::byte *>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch +
+           std::ptrdiff_t{x} * static_cast<std::ptrdiff_t>(sizeof(std::uint32_t));
+}
+
+/// Draws rows of a frame at a whole multiple of their size. @return where they lie on the surface.
+SDL_Rect drawMultiple(const Frame &frame, RowSpan rows, const ScreenLayout &layout, SDL_Surface &target)
+{
+    const int scale = layout.wholeScale();
+    const SDL_Rect drawn{layout.left, layout.top + rows.first * scale, layout.width,
+                         (rows.last - rows.first) * scale};
+    std::byte *pixel = pixelAt(target, drawn.x, drawn.y);
+    for (int y = rows.first; y < rows.last; ++y, pixel += std::ptrdiff_t{target.pitch} * scale)
+        convertRow(rowOf(frame, y), kScreenSize.width, scale, pixel, target.pitch);
     return drawn;
 }
 
 } // namespace
+
+/// Draws rows of a frame. @return where they lie on the surface.
+SDL_Rect SurfacePresenter::draw(const Frame &frame, RowSpan rows, SDL_Surface &target)
+{
+    const ScreenLayout layout = layOut({target.w, target.h});
+    if (layout.wholeScale() != 0)
+        return drawMultiple(frame, rows, layout, target);
+    if (layout.width < kScreenSize.width)
+        return drawShrunk(frame, layout, target);
+    scaler.resize({layout.width, layout.height});
+    const RowSpan shown = scaler.rowsShowing(rows);
+    const SDL_Rect drawn{layout.left, layout.top + shown.first, layout.width, shown.last - shown.first};
+    scaler.draw(frame, shown, pixelAt(target, drawn.x, drawn.y), target.pitch);
+    return drawn;
+}
+
+SDL_Rect SurfacePresenter::drawShrunk(const Frame &frame, const ScreenLayout &layout, SDL_Surface &target)
+{
+    SDL_Rect place{layout.left, layout.top, layout.width, layout.height};
+    if (!small)
+        small.reset(SDL_CreateRGBSurfaceWithFormat(0, kScreenSize.width, kScreenSize.height, 32,
+                                                   target.format->format));
+    if (!small)
+        return place;
+    for (int y = 0; y < kScreenSize.height; ++y)
+        convertRow(rowOf(frame, y), kScreenSize.width, 1, pixelAt(*small, 0, y), small->pitch);
+    SDL_SoftStretchLinear(small.get(), nullptr, &target, &place);
+    return place;
+}
 
 bool SurfacePresenter::isReady() { return SDL_GetWindowSurface(window) != nullptr; }
 

@@ -4,6 +4,7 @@
 
 #include <SDL_video.h>
 
+#include "platform/sdl/picture_scaler.h"
 #include "platform/sdl/presenter.h"
 
 namespace platform
@@ -28,8 +29,13 @@ private:
     };
 
     SDL_Surface *drawable(SDL_Surface *shown);
+    SDL_Rect draw(const Frame &frame, RowSpan rows, SDL_Surface &target);
+    SDL_Rect drawShrunk(const Frame &frame, const ScreenLayout &layout, SDL_Surface &target);
 
     SDL_Window *window;
+    PictureScaler scaler;
+    /// A frame at its own size, where it is to be shown at less.
+    std::unique_ptr<SDL_Surface, FreeSurface> small;
     /// What is drawn into where the window has pixels of another kind.
     std::unique_ptr<SDL_Surface, FreeSurface> converted;
 };

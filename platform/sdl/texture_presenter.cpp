@@ -29,8 +29,27 @@ TexturePresenter::TexturePresenter(SDL_Window *window)
 void TexturePresenter::invalidate()
 {
     // Made anew, because it may have gone with the device that held it.
+    multiple.reset();
     texture.reset();
     texture.reset(makeTexture(renderer.get()));
+}
+
+SDL_Texture *TexturePresenter::enlarged(const ScreenLayout &layout)
+{
+    // The next whole multiple; taking that down to the picture's size mixes across the pixels' edges alone.
+    const int scale = (layout.width + kScreenSize.width - 1) / kScreenSize.width;
+    if (!multiple || scale != multipleScale) {
+        multiple.reset(SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_TARGET,
+                                         kScreenSize.width * scale, kScreenSize.height * scale));
+        multipleScale = scale;
+    }
+    if (!multiple)
+        return texture.get();
+    SDL_SetTextureScaleMode(multiple.get(), SDL_ScaleModeLinear);
+    SDL_SetRenderTarget(renderer.get(), multiple.get());
+    SDL_RenderCopy(renderer.get(), texture.get(), nullptr, nullptr);
+    SDL_SetRenderTarget(renderer.get(), nullptr);
+    return multiple.get();
 }
 
 bool TexturePresenter::upload(const Frame &frame, RowSpan rows)
@@ -54,11 +73,11 @@ bool TexturePresenter::present(const Frame &frame, const Damage &damage)
     Size output{};
     SDL_GetRendererOutputSize(renderer.get(), &output.width, &output.height);
     const ScreenLayout layout = layOut(output);
-    const SDL_Rect place{layout.left, layout.top, kScreenSize.width * layout.scale,
-                         kScreenSize.height * layout.scale};
+    const SDL_Rect place{layout.left, layout.top, layout.width, layout.height};
+    SDL_Texture *picture = layout.wholeScale() == 0 ? enlarged(layout) : texture.get();
     SDL_SetRenderDrawColor(renderer.get(), 0, 0, 0, SDL_ALPHA_OPAQUE);
     SDL_RenderClear(renderer.get());
-    SDL_RenderCopy(renderer.get(), texture.get(), nullptr, &place);
+    SDL_RenderCopy(renderer.get(), picture, nullptr, &place);
     SDL_RenderPresent(renderer.get());
     return true;
 }

@@ -27,10 +27,13 @@ private:
         void operator()(SDL_Texture *texture) const { SDL_DestroyTexture(texture); }
     };
 
+    SDL_Texture *enlarged(const ScreenLayout &layout);
     bool upload(const Frame &frame, RowSpan rows);
 
     std::unique_ptr<SDL_Renderer, Destroy> renderer;
-    std::unique_ptr<SDL_Texture, Destroy> texture;
+    std::unique_ptr<SDL_Texture, Destroy> texture;  ///< The frame at its own size.
+    std::unique_ptr<SDL_Texture, Destroy> multiple; ///< At a whole multiple; null until it is needed.
+    int multipleScale = 0;
 };
 
 } // namespace platform

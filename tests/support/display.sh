@@ -4,6 +4,7 @@
 
 started_in=$PWD
 support=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
+project=$(realpath "$support/../..")
 
 # Copies of the program find each other by a name in the network's namespace. In one of its own a test meets
 # neither a game that is being played nor another test.

@@ -23,6 +23,7 @@ void catchTerminationSignals()
     action.sa_handler = noteSignal;
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
+    sigaction(SIGHUP, &action, nullptr);
 }
 
 bool takeTerminationRequest() { return terminationRequested.exchange(false); }

@@ -4,7 +4,7 @@
 namespace platform
 {
 
-/// From now on SIGINT and SIGTERM no longer kill the program, nor are they ignored.
+/// From now on SIGINT, SIGTERM and SIGHUP no longer kill the program, nor are they ignored.
 void catchTerminationSignals();
 
 /// @return true once after such signals.

@@ -5,7 +5,7 @@
 set -eu
 
 programs=$(cd "$1" && pwd)
-. "$(dirname "$0")/support/display.sh"
+. "$(dirname "$0")/../support/display.sh"
 start_display
 cd "$work"
 

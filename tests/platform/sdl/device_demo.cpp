@@ -1,8 +1,8 @@
-/// A program to try the desktop device with: moving and standing pictures, text, and every input message that
-/// arrives written to the standard output, where `desktop_test.sh` and `desktop_figures.sh` read it.
+/// A program to try a device with a screen with: moving and standing pictures, text, and every input message
+/// that arrives written to the standard output, where `window_test.sh` and `window_figures.sh` read it.
 ///
-/// Space stops the movement and goes on with it, Enter makes every pixel change in every frame, Backspace
-/// plays a sound, Escape ends.
+/// A tap on the first of the coloured squares stops the movement and goes on with it, on the second makes
+/// every pixel change in every frame, on the third plays a sound. Escape ends.
 
 #include <cinttypes>
 #include <cstdio>
@@ -20,10 +20,7 @@ namespace mygame
 namespace
 {
 
-constexpr std::uint16_t kBackspace = 0x08;
-constexpr std::uint16_t kEnter = 0x0D;
 constexpr std::uint16_t kEscape = 0x1B;
-constexpr std::uint16_t kSpace = 0x20;
 
 constexpr std::int32_t kScreenWidth = 240;
 constexpr std::int32_t kScreenHeight = 320;
@@ -31,6 +28,11 @@ constexpr std::int32_t kMiddle = kScreenWidth / 2;
 
 constexpr Pixel kBackground = packColour(16, 32, 72);
 constexpr Pixel kBlue = packColour(0, 0, 255);
+/// The coloured squares, from the left.
+constexpr std::int32_t kSquaresLeft = 10;
+constexpr std::int32_t kSquaresTop = 10;
+constexpr std::int32_t kSquareSide = 30;
+constexpr std::int32_t kSquarePitch = 38;
 constexpr std::int32_t kSpriteFrameMs = 150;
 constexpr std::int32_t kSpriteRange = 200; ///< Pixels that the sprite travels before it starts again.
 
@@ -97,13 +99,6 @@ public:
         report("press", key);
         if (key == kEscape)
             application->requestStop();
-        else if (key == kSpace)
-            motion = motion == Motion::Still ? Motion::Moving : Motion::Still;
-        else if (key == kEnter)
-            motion = Motion::EveryPixel;
-        else if (key == kBackspace)
-            platform::PlaySoundW(dataFilePath(u"demo\\sound.wav").c_str(), nullptr,
-                                 platform::SND_FILENAME | platform::SND_ASYNC);
     }
 
     void keyUp(std::uint16_t key) override { report("release", key); }
@@ -112,6 +107,8 @@ public:
     {
         stylus = {x, y};
         report("down", *stylus);
+        if (y >= kSquaresTop && y < kSquaresTop + kSquareSide)
+            tapSquare((x - kSquaresLeft) / kSquarePitch);
     }
 
     void pointerMove(std::uint16_t x, std::uint16_t y) override
@@ -133,14 +130,25 @@ public:
     }
 
 private:
+    void tapSquare(std::int32_t square)
+    {
+        if (square == 0)
+            motion = motion == Motion::Still ? Motion::Moving : Motion::Still;
+        else if (square == 1)
+            motion = Motion::EveryPixel;
+        else if (square == 2)
+            platform::PlaySoundW(dataFilePath(u"demo\\sound.wav").c_str(), nullptr,
+                                 platform::SND_FILENAME | platform::SND_ASYNC);
+    }
+
     /// Squares of the colours whose exact values are looked for, a frame around the whole screen.
     static void drawColours(Surface &target)
     {
         constexpr Pixel kColours[] = {kWhite, kGreen, kRed, kBlue, kMagenta, kBlack};
-        std::int32_t x = 10;
+        std::int32_t x = kSquaresLeft;
         for (const Pixel colour : kColours) {
-            target.fillRect(x, 10, x + 29, 39, colour);
-            x += 38;
+            target.fillRect(x, kSquaresTop, x + kSquareSide - 1, kSquaresTop + kSquareSide - 1, colour);
+            x += kSquarePitch;
         }
         target.drawRect(0, 0, kScreenWidth - 1, kScreenHeight - 1, kWhite);
     }
@@ -165,7 +173,7 @@ int main()
     mygame::Application application;
     mygame::DemoScreen screen;
     if (!screen.load())
-        std::fprintf(stderr, "desktop_demo: cannot load the pictures in demo/ beside the program\n");
+        std::fprintf(stderr, "device_demo: cannot load the pictures in demo/ beside the program\n");
     application.addScreen("DEMO", &screen);
     application.setScreen("DEMO");
     if (application.init(nullptr, platform::SW_SHOW))

@@ -1,11 +1,11 @@
-# For scripts that run desktop_demo on a display of their own. To be sourced by bash, with the folder of the
+# For scripts that run device_demo on a display of their own. To be sourced by bash, with the folder of the
 # programs as the script's argument.
 # shellcheck shell=bash disable=SC2034
 
 . "$(dirname "${BASH_SOURCE[0]}")/display.sh"
 
-programs=$(realpath "${1:-$(dirname "$0")/../build/release/bin}")
-[ -x "$programs/desktop_demo" ] || fail "$programs/desktop_demo is missing: build the project first"
+programs=$(realpath "${1:-$project/build/release/bin}")
+[ -x "$programs/device_demo" ] || fail "$programs/device_demo is missing: build the project first"
 
 # An X server's answer for "no window", which xdotool can give the keyboard to.
 no_window=1
@@ -17,7 +17,7 @@ start_demo()
 {
     local begin=${EPOCHREALTIME/./}
     [ -p "$work/output" ] || mkfifo "$work/output"
-    "${1:-$programs/desktop_demo}" > "$work/output" 2> "$work/errors" &
+    "${1:-$programs/device_demo}" > "$work/output" 2> "$work/errors" &
     demo=$!
     exec 4< "$work/output"
     read -r -t $patience _ <&4 || fail "no first picture; does another copy run?"

@@ -1,11 +1,11 @@
 #!/bin/bash
-# Plays with desktop_demo on an X server of its own, with real pointer and key events: first without a window
+# Plays with device_demo on an X server of its own, with real pointer and key events: first without a window
 # manager, then with one. Every check that fails says so in one line, and ends the test.
-#   desktop_test.sh [FOLDER_OF_THE_PROGRAMS, build/release/bin by default]
+#   window_test.sh [FOLDER_OF_THE_PROGRAMS, build/release/bin by default]
 set -eu
 
-# shellcheck source=tests/support/desktop_demo.sh
-. "$(dirname "$0")/support/desktop_demo.sh"
+# shellcheck source=tests/support/device_demo.sh
+. "$(dirname "$0")/../../support/device_demo.sh"
 
 # expect WHAT LINE...: the program's next lines, so that a line too many is seen too.
 expect()
@@ -35,16 +35,22 @@ expect_colours() { wait_for "$1: $2 at ${*:3}" shows_colours "${@:2}"; }
 
 has_focus() { [ "$(xdotool getwindowfocus 2> /dev/null)" = "$window" ]; }
 has_geometry() { xdotool getwindowgeometry --shell "$window" | tr '\n' ' ' | grep -q "$1"; }
+is_maximised() { xprop -id "$window" _NET_WM_STATE | grep -q MAXIMIZED_VERT && ! xprop -id "$window" _NET_WM_STATE | grep -q FULLSCREEN; }
 has_no_focus() { ! has_focus; }
 
 click() { xdotool mousemove "$1" "$2" click 1; }
 
-# expect_nothing_else WHAT: by a key that certainly arrives, after everything before it has been dealt with.
+# expect_nothing_else WHAT: by a tap on the lowest pixel at the left of the window at three times size, which
+# certainly arrives, after everything before it has been dealt with.
 expect_nothing_else()
 {
-    xdotool key Left
-    expect "$1" "press 25" "release 25"
+    xdotool mousemove --window "$window" 1 958 click 1
+    expect "$1" "down 0 319" "up 0 319"
 }
+
+has_title() { [ "$(xdotool getwindowname "$window")" = "$1" ]; }
+asks() { has_title "Press Escape again to leave"; }
+asks_no_more() { has_title MyGame; }
 
 test_picture()
 {
@@ -76,27 +82,34 @@ test_stylus()
     expect "drag out of the window" "down 100 156" "move 120 156" "move 239 319" "move 0 0" "up 0 0"
 }
 
-test_buttons()
+test_keys()
 {
-    xdotool key Num_Lock Caps_Lock Right Up Down space BackSpace Num_Lock Caps_Lock
-    expect "buttons" "press 27" "release 27" "press 26" "release 26" "press 28" "release 28" \
-        "press 20" "release 20" "press 08" "release 08"
-    xdotool key a Tab Print F5 shift XF86AudioMute ctrl+space super+Left alt+Escape ctrl+F11
-    expect_nothing_else "other keys and chords"
+    xdotool key a Tab Print F5 shift XF86AudioMute space Return BackSpace Left ctrl+space super+Left
+    for chord in alt+Escape ctrl+Escape shift+Escape super+Escape; do
+        xdotool key $chord $chord
+    done
+    asks_no_more || fail "a chord with Escape counts"
+    expect_nothing_else "keys that are nobody's"
 
-    xdotool keydown Return sleep 1 keyup Return
-    expect "a held key" "press 0D" "release 0D"
-    xdotool keydown Return
-    expect "press before the keyboard goes" "press 0D"
-    xdotool windowfocus $no_window keyup Return windowfocus "$window"
-    expect_nothing_else "release in another window"
-    xdotool windowfocus $no_window keydown space windowfocus "$window" keyup space
-    expect_nothing_else "a key that came along from another window"
-    xdotool key space
-    expect "the same key afterwards" "press 20" "release 20"
+    xdotool keydown Escape
+    wait_for "the question in the title" asks
+    wait_for "the title after two seconds" asks_no_more
+    xdotool keyup Escape
+    expect_nothing_else "a held Escape and its repetitions"
+    xdotool key Escape
+    wait_for "the question in the title" asks
+    xdotool windowfocus $no_window
+    wait_for "the title in the background" asks_no_more
+    xdotool keydown Escape windowfocus "$window" keyup Escape
+    expect_nothing_else "an Escape that came along from another window"
+    asks_no_more || fail "an Escape that came along from another window counts"
+    xdotool key Escape Escape
+    expect "Escape twice" "press 1B" "release 1B"
+    await_end "after Escape twice"
+    start_demo
 }
 
-# test_full_screen CHORD
+# test_full_screen CHORD_THERE CHORD_BACK
 test_full_screen()
 {
     xdotool key "$1"
@@ -105,10 +118,11 @@ test_full_screen()
     click 279 500
     click 280 32
     expect "clicks in full screen and its bars" "down 0 0" "up 0 0"
-    xdotool key "$1"
+    xdotool key "$2"
     wait_for "window size after full screen by $1" has_geometry "WIDTH=720 HEIGHT=960"
     wait_for "keyboard after full screen" has_focus
     expect_nothing_else "keys that belong to full screen"
+    asks_no_more || fail "the Escape that left full screen counts"
 }
 
 test_background()
@@ -122,13 +136,12 @@ test_background()
 test_old_key()
 {
     stop_demo
-    xdotool keydown Return
+    xdotool keydown Escape
     start_demo
     sleep 1.5 # The server's repetitions of the key begin after 0.66 s.
-    xdotool keyup Return
-    expect_nothing_else "a key that was down at the start"
-    xdotool key Return
-    expect "the same key later" "press 0D" "release 0D"
+    asks_no_more || fail "a key that was down at the start counts"
+    xdotool keyup Escape key Escape
+    wait_for "the question after the same key later" asks
 }
 
 test_ends()
@@ -145,8 +158,8 @@ test_paths()
     local place
     place="$work/$(printf 'a b \xc3\xbc \xff')/$(printf 'x%.0s' {1..200})/$(printf 'y%.0s' {1..200})"
     mkdir -p "$place"
-    cp -r "$programs/desktop_demo" "$programs/demo" "$place"
-    start_demo "$place/desktop_demo"
+    cp -r "$programs/device_demo" "$programs/demo" "$place"
+    start_demo "$place/device_demo"
     [ ! -s "$work/errors" ] || fail "started from a strange folder: $(cat "$work/errors")"
 }
 
@@ -159,13 +172,10 @@ test_sound()
 {
     stop_demo
     SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$work/played" start_demo
-    xdotool key BackSpace
-    expect "sound key" "press 08" "release 08"
+    click 538 62
+    expect "a tap for the sound" "down 86 10" "up 86 10"
     wait_for "the sound" was_played
-    xdotool keydown Escape
-    expect "Escape" "press 1B"
-    await_end "after Escape"
-    xdotool keyup Escape
+    stop_demo HUP
 }
 
 test_window_manager()
@@ -173,12 +183,20 @@ test_window_manager()
     start_window_manager
     start_demo
     wait_for "keyboard at the start" has_focus
-    test_full_screen F11
-    test_full_screen alt+Return
+    test_full_screen F11 F11
+    test_full_screen alt+Return Escape
+
+    xdotool windowsize --sync "$window" 600 700
+    wmctrl -i -r "$window" -b add,maximized_vert,maximized_horz
+    wait_for "a maximised window" has_geometry "WIDTH=1280"
+    xdotool key F11
+    wait_for "full screen" has_geometry "WIDTH=1280 HEIGHT=1024"
+    xdotool key F11
+    wait_for "a maximised window after full screen" is_maximised
 
     xdotool windowminimize "$window"
     wait_for "minimised window without keyboard" has_no_focus
-    timeout $patience "$programs/desktop_demo" || fail "a second copy ended with exit code $?"
+    timeout $patience "$programs/device_demo" || fail "a second copy ended with exit code $?"
     wait_for "keyboard for the first copy" has_focus
     xdotool key alt+F4
     await_end "after the close button"
@@ -192,9 +210,9 @@ start_display
 cd "$work"
 test_picture
 test_stylus
-test_buttons
-test_full_screen F11
-test_full_screen alt+Return
+test_keys
+test_full_screen F11 F11
+test_full_screen alt+Return Escape
 test_background
 test_old_key
 test_ends

@@ -5,7 +5,7 @@
 set -eu
 
 programs=$(cd "$1" && pwd)
-. "$(dirname "$0")/support/display.sh"
+. "$(dirname "$0")/../support/display.sh"
 
 # ends_well WHAT: the game ends by itself, and its log is whole, unless $folder is none: there can be no log then.
 ends_well()

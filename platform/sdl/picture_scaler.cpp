@@ -1,0 +1,113 @@
+#include "platform/sdl/picture_scaler.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/sdl/pixel_conversion.h"
+
+namespace platform
+{
+namespace
+{
+
+constexpr int kWhole = 256; ///< Of a pixel, in shares.
+constexpr std::size_t kPixelBytes = sizeof(std::uint32_t);
+constexpr std::size_t kEdges = kScreenSize.width - 1;
+
+std::uint8_t mixed(std::uint8_t one, std::uint8_t next, std::uint16_t nextShare)
+{
+    return static_cast<std::uint8_t>((one * (kWhole - nextShare) + next * nextShare) / kWhole);
+}
+
+/// Mixes rows of the picture, byte by byte.
+void mixRows(const std::uint32_t *one, const std::uint32_t *next, std::uint16_t nextShare, std::size_t width,
+             std::byte *target)
+{
+    const auto *a = reinterpret_cast<const std::uint8_t *>(one);
+    const auto *b = reinterpret_cast<const std::uint8_t *>(next);
+    auto *to = reinterpret_cast<std::uint8_t *>(target);
+    for (std::size_t i = 0; i < width * kPixelBytes; ++i)
+        to[i] = mixed(a[i], b[i], nextShare);
+}
+
+} // namespace
+
+void PictureScaler::resize(Size picture)
+{
+    if (picture.width == size_.width && picture.height == size_.height)
+        return;
+    size_ = picture;
+    rows_ = samples(kScreenSize.height, picture.height);
+    columns_.clear();
+    edgeShares_.assign(kEdges * kPixelBytes, 0);
+    colours_.resize(kScreenSize.width + kEdges);
+    for (const Sample &sample : samples(kScreenSize.width, picture.width)) {
+        const auto edge = static_cast<std::size_t>(sample.pixel);
+        if (sample.nextShare != 0)
+            std::fill_n(edgeShares_.begin() + static_cast<std::ptrdiff_t>(edge * kPixelBytes), kPixelBytes,
+                        sample.nextShare);
+        columns_.push_back(
+            static_cast<std::uint16_t>(sample.nextShare == 0 ? edge : kScreenSize.width + edge));
+    }
+    for (WideRow &row : recent_)
+        row.pixels.resize(columns_.size());
+}
+
+std::vector<PictureScaler::Sample> PictureScaler::samples(int screenLength, int pictureLength)
+{
+    std::vector<Sample> samples;
+    for (int i = 0; i < pictureLength; ++i) {
+        // In units of one picture pixel's screenLength-th part, a screen pixel is pictureLength long.
+        const int start = i * screenLength;
+        const int pixel = start / pictureLength;
+        const int beyondEdge = start + screenLength - (pixel + 1) * pictureLength;
+        const int share = beyondEdge > 0 ? beyondEdge * kWhole / screenLength : 0;
+        samples.push_back({pixel, static_cast<std::uint16_t>(share)});
+    }
+    return samples;
+}
+
+RowSpan PictureScaler::rowsShowing(RowSpan screenRows) const
+{
+    const auto firstOf = [this](int row) { return row * size_.height / kScreenSize.height; };
+    const int last = (screenRows.last * size_.height + kScreenSize.height - 1) / kScreenSize.height;
+    return {firstOf(screenRows.first), last};
+}
+
+void PictureScaler::draw(const Frame &frame, RowSpan pictureRows, std::byte *target, std::ptrdiff_t pitch)
+{
+    for (WideRow &row : recent_)
+        row.row = -1;
+    const std::size_t width = columns_.size();
+    for (int y = pictureRows.first; y < pictureRows.last; ++y, target += pitch) {
+        const Sample sample = rows_[static_cast<std::size_t>(y)];
+        const std::uint32_t *one = widened(frame, sample.pixel);
+        if (sample.nextShare == 0)
+            std::memcpy(target, one, width * kPixelBytes);
+        else
+            mixRows(one, widened(frame, sample.pixel + 1), sample.nextShare, width, target);
+    }
+}
+
+const std::uint32_t *PictureScaler::widened(const Frame &frame, int row)
+{
+    WideRow &wide = recent_[row % 2];
+    if (wide.row != row) {
+        wide.row = row;
+        widen(rowOf(frame, row), wide.pixels.data());
+    }
+    return wide.pixels.data();
+}
+
+void PictureScaler::widen(const std::uint16_t *row, std::uint32_t *target)
+{
+    convertRow(row, kScreenSize.width, 1, reinterpret_cast<std::byte *>(colours_.data()), 0);
+    const auto *bytes = reinterpret_cast<const std::uint8_t *>(colours_.data());
+    auto *edges = reinterpret_cast<std::uint8_t *>(colours_.data() + kScreenSize.width);
+    for (std::size_t i = 0; i < kEdges * kPixelBytes; ++i)
+        edges[i] = mixed(bytes[i], bytes[i + kPixelBytes], edgeShares_[i]);
+    for (const std::uint16_t column : columns_)
+        *target++ = colours_[column];
+}
+
+} // namespace platform

@@ -10,24 +10,35 @@ namespace platform
 namespace
 {
 
-constexpr int kWhole = 256; ///< Of a pixel, in shares.
+constexpr std::uint16_t kWhole = 256; ///< Of a pixel, in shares.
 constexpr std::size_t kPixelBytes = sizeof(std::uint32_t);
 constexpr std::size_t kEdges = kScreenSize.width - 1;
 
+/// Everything fits into 16 bits, and the compiler mixes many bytes at once.
 std::uint8_t mixed(std::uint8_t one, std::uint8_t next, std::uint16_t nextShare)
 {
-    return static_cast<std::uint8_t>((one * (kWhole - nextShare) + next * nextShare) / kWhole);
+    const auto ownShare = static_cast<std::uint16_t>(kWhole - nextShare);
+    const auto sum = static_cast<std::uint16_t>(one * ownShare + next * nextShare);
+    return static_cast<std::uint8_t>(sum / kWhole);
 }
 
 /// Mixes rows of the picture, byte by byte.
 void mixRows(const std::uint32_t *one, const std::uint32_t *next, std::uint16_t nextShare, std::size_t width,
              std::byte *target)
 {
-    const auto *a = reinterpret_cast<const std::uint8_t *>(one);
-    const auto *b = reinterpret_cast<const std::uint8_t *>(next);
-    auto *to = reinterpret_cast<std::uint8_t *>(target);
+    const auto *__restrict a = reinterpret_cast<const std::uint8_t *>(one);
+    const auto *__restrict b = reinterpret_cast<const std::uint8_t *>(next);
+    auto *__restrict to = reinterpret_cast<std::uint8_t *>(target);
     for (std::size_t i = 0; i < width * kPixelBytes; ++i)
         to[i] = mixed(a[i], b[i], nextShare);
+}
+
+/// Mixes bytes of a row each with the same one of the next pixel.
+void mixEdges(const std::uint8_t *__restrict row, const std::uint16_t *__restrict nextShares,
+              std::uint8_t *__restrict target)
+{
+    for (std::size_t i = 0; i < kEdges * kPixelBytes; ++i)
+        target[i] = mixed(row[i], row[i + kPixelBytes], nextShares[i]);
 }
 
 } // namespace
@@ -102,12 +113,11 @@ const std::uint32_t *PictureScaler::widened(const Frame &frame, int row)
 void PictureScaler::widen(const std::uint16_t *row, std::uint32_t *target)
 {
     convertRow(row, kScreenSize.width, 1, reinterpret_cast<std::byte *>(colours_.data()), 0);
-    const auto *bytes = reinterpret_cast<const std::uint8_t *>(colours_.data());
-    auto *edges = reinterpret_cast<std::uint8_t *>(colours_.data() + kScreenSize.width);
-    for (std::size_t i = 0; i < kEdges * kPixelBytes; ++i)
-        edges[i] = mixed(bytes[i], bytes[i + kPixelBytes], edgeShares_[i]);
+    mixEdges(reinterpret_cast<const std::uint8_t *>(colours_.data()), edgeShares_.data(),
+             reinterpret_cast<std::uint8_t *>(colours_.data() + kScreenSize.width));
+    const std::uint32_t *colours = colours_.data();
     for (const std::uint16_t column : columns_)
-        *target++ = colours_[column];
+        *target++ = colours[column];
 }
 
 } // namespace platform

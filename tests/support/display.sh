@@ -21,13 +21,13 @@ fail()
     exit 1
 }
 
-# A display of 1280 x 1024, $DEPTH or 24 bits deep, on which the picture of 240 x 320 has room three times
+# A display of $SIZE or 1280 x 1024, $DEPTH or 24 bits deep, on which at the latter size the picture of 240 x 320 has room three times
 # enlarged. It does not start afresh when its last program ends: that would cut off the next one.
 start_display()
 {
     work=$(mktemp -d)
     mkfifo "$work/number"
-    Xvfb -displayfd 3 -screen 0 "1280x1024x${DEPTH:-24}" -noreset -nolisten tcp 3> "$work/number" 2> "$work/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 "${SIZE:-1280x1024}x${DEPTH:-24}" -noreset -nolisten tcp 3> "$work/number" 2> "$work/xvfb.log" &
     local server=$!
     trap 'kill $(jobs -p) 2> /dev/null || true; wait 2> /dev/null; rm -rf "$work"' EXIT
     read -r -t 20 number < "$work/number" || fail "no display server: $(cat "$work/xvfb.log")"

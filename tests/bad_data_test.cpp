@@ -20,7 +20,7 @@ constexpr const char *kNoPictures[] = {"bad/empty",
                                        "bad/random-after-signature.jpg",
                                        "bad/signature.png",
                                        "bad/cut-in-the-middle.jpg",
-                                       "bad/without-its-last-byte.png",
+                                       "bad/9-high-with-8-rows.png",
                                        "bad/4097-wide.png",
                                        "bad/4097-high.png"};
 constexpr const char *kOddPictures[] = {"odd/1x1.png", "odd/4096x1.png", "odd/1x4096.png"};

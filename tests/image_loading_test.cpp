@@ -83,15 +83,46 @@ TEST_F(ImageLoading, RefusesWhatIsNoPicture)
     EXPECT_TRUE(fails(loaded(u"")));
 }
 
+std::string_view pixelsOf(const Surface &picture)
+{
+    return {reinterpret_cast<const char *>(picture.pixels()),
+            static_cast<std::size_t>(picture.pixelCount()) * sizeof(Pixel)};
+}
+
 TEST_F(ImageLoading, RefusesAPictureCutShortAndSurvivesDamage)
 {
-    visitPictures("/kinds", [](const auto &, const auto &, const std::string &whole) {
-        for (std::size_t cut = 1; cut <= whole.size(); cut += 1 + cut / 16)
-            EXPECT_TRUE(fails(decoded(whole.substr(0, whole.size() - cut)))) << cut << " bytes missing";
+    visitPictures("/kinds", [](const std::string &name, const Surface &picture, const std::string &whole) {
+        const std::size_t endMarker = name.ends_with(".png") ? 12 : 2;
+        for (std::size_t cut = 1; cut <= whole.size(); cut += 1 + cut / 16) {
+            const Surface rest = decoded(whole.substr(0, whole.size() - cut));
+            if (cut <= endMarker)
+                EXPECT_EQ(pixelsOf(rest), pixelsOf(picture)) << cut << " bytes of the end marker missing";
+            else
+                EXPECT_TRUE(fails(rest)) << cut << " bytes missing";
+        }
         for (std::size_t at = 0; at < whole.size(); at += 3) {
             std::string damaged = whole;
             damaged[at] = static_cast<char>(damaged[at] ^ (at % 2 ? 0x01 : 0xFF));
             decoded(damaged);
+        }
+    });
+}
+
+TEST_F(ImageLoading, OverlooksDamageThatHarmsNoPixel)
+{
+    constexpr std::size_t kPngHeader = 33;
+    const std::string badText("\0\0\0\x03tEXta\0b1234", 15); // its checksum is wrong
+    visitPictures("/kinds", [&](const std::string &name, const Surface &picture, const std::string &whole) {
+        std::string damaged = whole;
+        if (name.ends_with(".png")) {
+            damaged.insert(kPngHeader, badText);
+            EXPECT_EQ(pixelsOf(decoded(damaged)), pixelsOf(picture));
+            return;
+        }
+        for (std::size_t segment = 2; static_cast<unsigned char>(whole[segment + 1]) != 0xDA;) {
+            segment += 2 + static_cast<unsigned char>(whole[segment + 2]) * 256u +
+                       static_cast<unsigned char>(whole[segment + 3]);
+            EXPECT_EQ(pixelsOf(decoded(std::string(whole).insert(segment, "stray"))), pixelsOf(picture));
         }
     });
 }

@@ -1,6 +1,7 @@
 #include <csetjmp>
 #include <cstddef>
 #include <cstdio>
+#include <jerror.h>
 
 #include <jpeglib.h>
 
@@ -20,6 +21,7 @@ constexpr std::uint8_t kOpaque = 0xFF;
 struct ErrorHandler {
     jpeg_error_mgr base; ///< First, so that the library's pointer is also this one's.
     std::jmp_buf escape;
+    bool endMarkerMissing;
 };
 
 [[noreturn]] void fail(j_common_ptr decoder)
@@ -27,11 +29,38 @@ struct ErrorHandler {
     std::longjmp(reinterpret_cast<ErrorHandler *>(decoder->err)->escape, 1);
 }
 
-/// Negative levels are warnings: the data is damaged or ends too soon, and the library would fill in grey.
-void failOnWarning(j_common_ptr decoder, int level)
+/// Whether nothing of a picture's pixels has been read yet.
+bool isBeforePixels(j_common_ptr decoder)
 {
-    if (level < 0)
+    return reinterpret_cast<j_decompress_ptr>(decoder)->input_scan_number == 0;
+}
+
+/// Negative levels are warnings: mostly of damaged or missing data, for which the library would fill in grey.
+/// Stray bytes between the segments before that, and the end of the file, harm no pixel by themselves.
+void failOnDamage(j_common_ptr decoder, int level)
+{
+    if (level >= 0)
+        return;
+    const int warning = decoder->err->msg_code;
+    if (warning == JWRN_JPEG_EOF)
+        reinterpret_cast<ErrorHandler *>(decoder->err)->endMarkerMissing = true;
+    else if (warning != JWRN_EXTRANEOUS_DATA || !isBeforePixels(decoder))
         fail(decoder);
+}
+
+/// Whether every coefficient of a progressive picture has been refined to its end, and every component of
+/// another one has been read: where the file ends without a marker nobody else looks.
+bool hasAllScans(const jpeg_decompress_struct &decoder)
+{
+    for (int i = 0; i < decoder.num_components; ++i) {
+        if (!decoder.comp_info[i].quant_table)
+            return false;
+        for (int k = 0; decoder.progressive_mode && k < DCTSIZE2; ++k) {
+            if (decoder.coef_bits[i][k] != 0)
+                return false;
+        }
+    }
+    return true;
 }
 
 void printNothing(j_common_ptr) {}
@@ -86,9 +115,10 @@ bool readJpeg(jpeg_decompress_struct &decoder, ErrorHandler &errors, std::FILE *
     decoder.dct_method = JDCT_ISLOW;
     decoder.do_fancy_upsampling = TRUE;
     jpeg_start_decompress(&decoder);
+    const bool complete = hasAllScans(decoder);
     readRows(decoder, picture);
     jpeg_finish_decompress(&decoder);
-    return true;
+    return !errors.endMarkerMissing || complete;
 }
 
 } // namespace
@@ -99,7 +129,7 @@ bool decodeJpeg(std::FILE *file, Picture &picture)
     jpeg_decompress_struct decoder{};
     decoder.err = jpeg_std_error(&errors.base);
     errors.base.error_exit = fail;
-    errors.base.emit_message = failOnWarning;
+    errors.base.emit_message = failOnDamage;
     errors.base.output_message = printNothing;
     const bool read = readJpeg(decoder, errors, file, picture);
     decoder.progress = nullptr;

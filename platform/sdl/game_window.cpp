@@ -62,10 +62,13 @@ bool GameWindow::startVideo()
     for (const auto &[name, value] : kHints)
         SDL_SetHint(name, value);
     host.prepareDisplay();
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        SDL_SetError("there is no display");
         return false;
+    }
     if (isInvisible(SDL_GetCurrentVideoDriver())) {
         SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        SDL_SetError("there is no display");
         return false;
     }
     // No text is typed here: an input method would only swallow keys.

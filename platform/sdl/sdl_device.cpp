@@ -3,6 +3,7 @@
 #include <chrono>
 #include <thread>
 
+#include <SDL_error.h>
 #include <SDL_events.h>
 
 #include "platform/common/device_path.h"
@@ -29,7 +30,10 @@ SdlDevice::SdlDevice() = default;
 bool SdlDevice::createWindow(const std::string &title)
 {
     const std::string path = host_->programPath();
-    return window_.create(title, path.substr(0, path.rfind('/') + 1) + kIconFile);
+    const bool created = window_.create(title, path.substr(0, path.rfind('/') + 1) + kIconFile);
+    if (!created)
+        windowError_ = SDL_GetError();
+    return created;
 }
 
 bool SdlDevice::poll(MSG &message)

@@ -42,6 +42,9 @@ public:
     void *beginDraw() override { return displayOpen_ ? drawn_.data() : nullptr; }
     void endDraw() override;
 
+    /// Why the window could not be made; empty while nobody tried, and when it could.
+    const std::string &windowError() const { return windowError_; }
+
     std::u16string programPath() const override;
     std::string hostFile(const std::u16string &path) const override;
     void startSound(const std::string &hostFile) override { sound_.play(hostFile); }
@@ -59,6 +62,7 @@ private:
     EventHandler events_{*host_, window_, messages_};
     SoundPlayer sound_;
     FramePacer pacer_;
+    std::string windowError_;
     bool displayOpen_ = false;
     Frame drawn_{};
     Frame shown_{};

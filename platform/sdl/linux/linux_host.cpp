@@ -1,8 +1,10 @@
 #include <alsa/asoundlib.h>
 #include <climits>
+#include <cstdlib>
 #include <ctime>
 #include <unistd.h>
 
+#include <SDL_hints.h>
 #include <SDL_video.h>
 
 #include "platform/sdl/host.h"
@@ -55,7 +57,13 @@ public:
 
     bool takeTerminationRequest() override { return platform::takeTerminationRequest(); }
 
-    void prepareDisplay() override { endWithDisplay(); }
+    void prepareDisplay() override
+    {
+        // Wayland's library would complain on the terminal where it has no folder for its connections.
+        if (!std::getenv("XDG_RUNTIME_DIR") && !SDL_GetHint(SDL_HINT_VIDEODRIVER))
+            SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+        endWithDisplay();
+    }
     void keepWithoutDisplay(SDL_Window *window) override { surviveLossOfDisplay(window); }
     bool isDisplayLost() const override { return platform::isDisplayLost(); }
 

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <cstdlib>
 #include <string>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -12,18 +13,31 @@ namespace platform
 namespace
 {
 
-/// A name that belongs to the user and to no file.
+/// The display in use: X11's without the screen on it, which makes no other display.
+std::string displayName()
+{
+    const auto variable = [](const char *name) {
+        const char *value = std::getenv(name);
+        return std::string(value ? value : "");
+    };
+    const std::string wayland = variable("WAYLAND_DISPLAY");
+    const std::string x11 = variable("DISPLAY");
+    const std::size_t screen = x11.find('.', x11.rfind(':') + 1);
+    return wayland.empty() ? x11.substr(0, screen) : wayland;
+}
+
+/// A name that belongs to the user and the display, and to no file.
 struct Address {
     sockaddr_un name{};
     socklen_t length;
 
     Address()
     {
-        const std::string text = "mygame-" + std::to_string(getuid());
+        const std::string text = "mygame-" + std::to_string(getuid()) + '-' + displayName();
         name.sun_family = AF_UNIX;
         // The leading zero makes it abstract: it is gone with the process and no file stays behind.
-        text.copy(name.sun_path + 1, sizeof name.sun_path - 1);
-        length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + text.size());
+        const std::size_t used = text.copy(name.sun_path + 1, sizeof name.sun_path - 1);
+        length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + used);
     }
 
     const sockaddr *get() const { return reinterpret_cast<const sockaddr *>(&name); }

@@ -3,8 +3,8 @@
 namespace platform
 {
 
-/// Lets the copies of the program that one user starts find each other, by a socket name that the first one
-/// holds. The system takes it back when that copy ends, however it ends.
+/// Lets the copies of the program that one user starts on one display find each other, by a socket name that
+/// the first one holds. The system takes it back when that copy ends, however it ends.
 class SingleInstance
 {
 public:

@@ -32,8 +32,8 @@ void AudioOutput::play(const std::string &file)
     }
     if (!isOpen())
         return;
-    SDL_ClearQueuedAudio(device);
-    SDL_QueueAudio(device, sound.samples.get(), sound.bytes);
+    SDL_ClearQueuedAudio(device_);
+    SDL_QueueAudio(device_, sound.samples.get(), sound.bytes);
     closeTime_ = Clock::now() + sound.length() + kSilenceBeforeClosing;
 }
 
@@ -41,14 +41,14 @@ void AudioOutput::close()
 {
     if (!isOpen())
         return;
-    SDL_CloseAudioDevice(device);
+    SDL_CloseAudioDevice(device_);
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    device = 0;
+    device_ = 0;
 }
 
 const AudioOutput::Sound &AudioOutput::decoded(const std::string &file)
 {
-    const auto [entry, isNew] = sounds.try_emplace(file);
+    const auto [entry, isNew] = sounds_.try_emplace(file);
     Sound &sound = entry->second;
     std::uint8_t *samples = nullptr;
     if (isNew && SDL_LoadWAV(file.c_str(), &sound.format, &samples, &sound.bytes))
@@ -59,24 +59,24 @@ const AudioOutput::Sound &AudioOutput::decoded(const std::string &file)
 bool AudioOutput::isUsableFor(const SDL_AudioSpec &format) const
 {
     // A device that was pulled out is stopped.
-    return isOpen() && SDL_GetAudioDeviceStatus(device) != SDL_AUDIO_STOPPED &&
-           deviceFormat.freq == format.freq && deviceFormat.format == format.format &&
-           deviceFormat.channels == format.channels;
+    return isOpen() && SDL_GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED &&
+           deviceFormat_.freq == format.freq && deviceFormat_.format == format.format &&
+           deviceFormat_.channels == format.channels;
 }
 
 void AudioOutput::open(const SDL_AudioSpec &format)
 {
-    if (Clock::now() < nextTry)
+    if (Clock::now() < nextTry_)
         return;
-    nextTry = Clock::now() + kPauseBetweenTries;
+    nextTry_ = Clock::now() + kPauseBetweenTries;
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
         return;
-    deviceFormat = format;
-    deviceFormat.samples = kBufferedSamples;
-    deviceFormat.callback = nullptr;
-    device = SDL_OpenAudioDevice(nullptr, 0, &deviceFormat, nullptr, 0);
+    deviceFormat_ = format;
+    deviceFormat_.samples = kBufferedSamples;
+    deviceFormat_.callback = nullptr;
+    device_ = SDL_OpenAudioDevice(nullptr, 0, &deviceFormat_, nullptr, 0);
     if (isOpen())
-        SDL_PauseAudioDevice(device, 0);
+        SDL_PauseAudioDevice(device_, 0);
     else
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }

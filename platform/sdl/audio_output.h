@@ -26,7 +26,7 @@ public:
     /// Starts a WAV file, which is decoded at its first use, and cuts off the sound that still plays.
     void play(const std::string &file);
 
-    bool isOpen() const { return device != 0; }
+    bool isOpen() const { return device_ != 0; }
     /// When there will have been silence for so long that the device should be closed. While it is open.
     Clock::time_point closeTime() const { return closeTime_; }
     void close();
@@ -47,11 +47,11 @@ private:
     bool isUsableFor(const SDL_AudioSpec &format) const;
     void open(const SDL_AudioSpec &format);
 
-    std::map<std::string, Sound> sounds;
-    SDL_AudioDeviceID device = 0;
-    SDL_AudioSpec deviceFormat{};
+    std::map<std::string, Sound> sounds_;
+    SDL_AudioDeviceID device_ = 0;
+    SDL_AudioSpec deviceFormat_{};
     Clock::time_point closeTime_;
-    Clock::time_point nextTry; ///< Opening is not tried again before.
+    Clock::time_point nextTry_; ///< Opening is not tried again before.
 };
 
 } // namespace platform

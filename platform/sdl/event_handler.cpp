@@ -32,26 +32,26 @@ void EventHandler::handle(const SDL_Event &event)
 {
     switch (event.type) {
     case SDL_QUIT:
-        messages.post(WM_QUIT);
+        messages_.post(WM_QUIT);
         break;
     case SDL_APP_TERMINATING:
-        messages.post(WM_QUERYENDSESSION);
+        messages_.post(WM_QUERYENDSESSION);
         break;
     case SDL_WINDOWEVENT:
         handleWindowEvent(event.window);
         break;
     case SDL_RENDER_TARGETS_RESET:
     case SDL_RENDER_DEVICE_RESET:
-        pictureLost = true;
+        pictureLost_ = true;
         break;
     case SDL_SYSWMEVENT:
-        host.noteSystemEvent(event);
+        host_.noteSystemEvent(event);
         break;
     case SDL_KEYDOWN:
         handleKeyPress(event.key);
         break;
     case SDL_MOUSEMOTION:
-        stylus.move(kMouse, toScreen(window.size(), {event.motion.x, event.motion.y}));
+        stylus_.move(kMouse, toScreen(window_.size(), {event.motion.x, event.motion.y}));
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
@@ -67,7 +67,7 @@ void EventHandler::handle(const SDL_Event &event)
     }
 }
 
-bool EventHandler::takePictureLost() { return std::exchange(pictureLost, false); }
+bool EventHandler::takePictureLost() { return std::exchange(pictureLost_, false); }
 
 void EventHandler::handleWindowEvent(const SDL_WindowEvent &event)
 {
@@ -82,7 +82,7 @@ void EventHandler::handleWindowEvent(const SDL_WindowEvent &event)
     case SDL_WINDOWEVENT_EXPOSED:
     case SDL_WINDOWEVENT_SIZE_CHANGED:
     case SDL_WINDOWEVENT_DISPLAY_CHANGED:
-        pictureLost = true;
+        pictureLost_ = true;
         break;
     default:
         break;
@@ -92,29 +92,29 @@ void EventHandler::handleWindowEvent(const SDL_WindowEvent &event)
 void EventHandler::enterForeground()
 {
     constexpr std::uint32_t WA_ACTIVE = 1;
-    foreground = true;
-    host.noteKeyboardGained();
-    messages.post(WM_ACTIVATE, WA_ACTIVE);
-    messages.post(WM_SETFOCUS);
+    foreground_ = true;
+    host_.noteKeyboardGained();
+    messages_.post(WM_ACTIVATE, WA_ACTIVE);
+    messages_.post(WM_SETFOCUS);
 }
 
 void EventHandler::leaveForeground()
 {
     constexpr std::uint32_t WA_INACTIVE = 0;
-    foreground = false;
-    stylus.cancel();
-    escape.forget();
-    messages.post(WM_ACTIVATE, WA_INACTIVE);
-    messages.post(WM_KILLFOCUS);
+    foreground_ = false;
+    stylus_.cancel();
+    escape_.forget();
+    messages_.post(WM_ACTIVATE, WA_INACTIVE);
+    messages_.post(WM_KILLFOCUS);
 }
 
 void EventHandler::handleKeyPress(const SDL_KeyboardEvent &event)
 {
     // Without a window manager the pointer alone can direct keys to a window in the background.
-    if (!foreground || event.repeat != 0 || host.isPressOfHeldKey())
+    if (!foreground_ || event.repeat != 0 || host_.isPressOfHeldKey())
         return;
     if (togglesFullScreen(event.keysym))
-        window.toggleFullScreen();
+        window_.toggleFullScreen();
     else if (isEscape(event.keysym))
         pressEscape();
 }
@@ -122,32 +122,32 @@ void EventHandler::handleKeyPress(const SDL_KeyboardEvent &event)
 void EventHandler::pressEscape()
 {
     constexpr std::uint32_t VK_ESCAPE = 0x1B;
-    if (window.isFullScreen()) {
-        window.toggleFullScreen();
-    } else if (escape.press(EscapeKey::Clock::now())) {
-        messages.post(WM_KEYDOWN, VK_ESCAPE);
-        messages.post(WM_KEYUP, VK_ESCAPE);
+    if (window_.isFullScreen()) {
+        window_.toggleFullScreen();
+    } else if (escape_.press(EscapeKey::Clock::now())) {
+        messages_.post(WM_KEYDOWN, VK_ESCAPE);
+        messages_.post(WM_KEYUP, VK_ESCAPE);
     }
 }
 
 void EventHandler::keepTime()
 {
-    const bool asks = escape.isAsking(EscapeKey::Clock::now());
-    if (asks == titleAsks)
+    const bool asks = escape_.isAsking(EscapeKey::Clock::now());
+    if (asks == titleAsks_)
         return;
-    titleAsks = asks;
-    window.setTitleNote(asks ? "Press Escape again to leave" : "");
+    titleAsks_ = asks;
+    window_.setTitleNote(asks ? "Press Escape again to leave" : "");
 }
 
 void EventHandler::handleMouseButton(const SDL_MouseButtonEvent &event)
 {
     if (event.button != SDL_BUTTON_LEFT)
         return;
-    const Point pixel = toScreen(window.size(), {event.x, event.y});
+    const Point pixel = toScreen(window_.size(), {event.x, event.y});
     if (event.type == SDL_MOUSEBUTTONDOWN)
         press(kMouse, pixel);
     else
-        stylus.release(kMouse, pixel);
+        stylus_.release(kMouse, pixel);
 }
 
 void EventHandler::handleFinger(const SDL_TouchFingerEvent &event)
@@ -156,22 +156,22 @@ void EventHandler::handleFinger(const SDL_TouchFingerEvent &event)
     if (event.type == SDL_FINGERDOWN)
         press(fingerOf(event), pixel);
     else if (event.type == SDL_FINGERMOTION)
-        stylus.move(fingerOf(event), pixel);
+        stylus_.move(fingerOf(event), pixel);
     else
-        stylus.release(fingerOf(event), pixel);
+        stylus_.release(fingerOf(event), pixel);
 }
 
 void EventHandler::press(Pointer pointer, Point pixel)
 {
     // What touches a window in the background only brings it to the front.
-    if (foreground)
-        stylus.press(pointer, pixel);
+    if (foreground_)
+        stylus_.press(pointer, pixel);
 }
 
 Point EventHandler::fingerPixel(const SDL_TouchFingerEvent &event) const
 {
     // A finger's place is a fraction of the window: counted in pixels it needs no points.
-    const Size pixels = window.size().pixels;
+    const Size pixels = window_.size().pixels;
     const auto place = [](float fraction, int length) {
         return static_cast<int>(std::floor(fraction * static_cast<float>(length)));
     };

@@ -15,7 +15,7 @@ class EventHandler
 {
 public:
     EventHandler(Host &host, GameWindow &window, MessageQueue &messages)
-        : host(host), window(window), messages(messages), stylus(messages)
+        : host_(host), window_(window), messages_(messages), stylus_(messages)
     {
     }
 
@@ -26,7 +26,7 @@ public:
     void keepTime();
 
     /// Whether the window has the keyboard.
-    bool inForeground() const { return foreground; }
+    bool inForeground() const { return foreground_; }
 
     /// Whether, since the last call, the window's size or display changed or what it showed was lost.
     bool takePictureLost();
@@ -42,14 +42,14 @@ private:
     void press(Pointer pointer, Point pixel);
     Point fingerPixel(const SDL_TouchFingerEvent &event) const;
 
-    Host &host;
-    GameWindow &window;
-    MessageQueue &messages;
-    Stylus stylus;
-    EscapeKey escape;
-    bool foreground = false;
-    bool pictureLost = false;
-    bool titleAsks = false; ///< For the second press of Escape.
+    Host &host_;
+    GameWindow &window_;
+    MessageQueue &messages_;
+    Stylus stylus_;
+    EscapeKey escape_;
+    bool foreground_ = false;
+    bool pictureLost_ = false;
+    bool titleAsks_ = false; ///< For the second press of Escape.
 };
 
 } // namespace platform

@@ -49,11 +49,11 @@ Size comfortableSize()
 
 GameWindow::~GameWindow()
 {
-    if (host.isDisplayLost())
+    if (host_.isDisplayLost())
         abandon();
     presenter_.reset();
-    window.reset();
-    if (videoRuns)
+    window_.reset();
+    if (videoRuns_)
         SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
@@ -61,7 +61,7 @@ bool GameWindow::startVideo()
 {
     for (const auto &[name, value] : kHints)
         SDL_SetHint(name, value);
-    host.prepareDisplay();
+    host_.prepareDisplay();
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         SDL_SetError("there is no display");
         return false;
@@ -80,21 +80,21 @@ bool GameWindow::startVideo()
 
 bool GameWindow::create(const std::string &newTitle, const std::string &iconFile)
 {
-    videoRuns = videoRuns || startVideo();
-    if (!videoRuns)
+    videoRuns_ = videoRuns_ || startVideo();
+    if (!videoRuns_)
         return false;
-    const bool graphicsProcessor = host.hasGraphicsProcessor();
+    const bool graphicsProcessor = host_.hasGraphicsProcessor();
     std::uint32_t flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
     if (graphicsProcessor)
         flags |= SDL_WINDOW_OPENGL;
     const Size size = comfortableSize();
-    window.reset(SDL_CreateWindow(newTitle.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                                  size.width, size.height, flags));
-    if (!window)
+    window_.reset(SDL_CreateWindow(newTitle.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                   size.width, size.height, flags));
+    if (!window_)
         return false;
-    title = newTitle;
-    host.keepWithoutDisplay(window.get());
-    SDL_SetWindowMinimumSize(window.get(), kScreenSize.width / kSmallestPart,
+    title_ = newTitle;
+    host_.keepWithoutDisplay(window_.get());
+    SDL_SetWindowMinimumSize(window_.get(), kScreenSize.width / kSmallestPart,
                              kScreenSize.height / kSmallestPart);
     setIcon(iconFile);
     makePresenter(graphicsProcessor);
@@ -104,8 +104,8 @@ bool GameWindow::create(const std::string &newTitle, const std::string &iconFile
 void GameWindow::abandon()
 {
     static_cast<void>(presenter_.release());
-    static_cast<void>(window.release());
-    videoRuns = false;
+    static_cast<void>(window_.release());
+    videoRuns_ = false;
 }
 
 void GameWindow::setIcon(const std::string &file)
@@ -116,7 +116,7 @@ void GameWindow::setIcon(const std::string &file)
     SDL_Surface *icon =
         SDL_CreateRGBSurfaceWithFormatFrom(picture.pixels.get(), picture.width, picture.height, 32,
                                            static_cast<int>(picture.rowBytes()), SDL_PIXELFORMAT_BGRA32);
-    SDL_SetWindowIcon(window.get(), icon);
+    SDL_SetWindowIcon(window_.get(), icon);
     SDL_FreeSurface(icon);
 }
 
@@ -126,9 +126,9 @@ void GameWindow::makePresenter(bool graphicsProcessor)
     for (const bool useTexture : {graphicsProcessor, !graphicsProcessor}) {
         presenter_.reset();
         if (useTexture)
-            presenter_ = std::make_unique<TexturePresenter>(window.get());
+            presenter_ = std::make_unique<TexturePresenter>(window_.get());
         else
-            presenter_ = std::make_unique<SurfacePresenter>(window.get());
+            presenter_ = std::make_unique<SurfacePresenter>(window_.get());
         if (presenter_->isReady())
             return;
     }
@@ -136,72 +136,73 @@ void GameWindow::makePresenter(bool graphicsProcessor)
 
 bool GameWindow::show(bool visible)
 {
-    if (!window)
+    if (!window_)
         return false;
-    const bool wasVisible = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_SHOWN) != 0;
-    host.showWindow(window.get(), visible);
+    const bool wasVisible = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_SHOWN) != 0;
+    host_.showWindow(window_.get(), visible);
     return wasVisible;
 }
 
 void GameWindow::toggleFullScreen()
 {
-    if (!window)
+    if (!window_)
         return;
-    if (!host.hasWindowManager(window.get())) {
+    if (!host_.hasWindowManager(window_.get())) {
         toggleCover();
         return;
     }
     if (isFullScreen()) {
-        SDL_SetWindowFullscreen(window.get(), 0);
-        if (wasMaximised)
-            SDL_MaximizeWindow(window.get());
+        SDL_SetWindowFullscreen(window_.get(), 0);
+        if (wasMaximised_)
+            SDL_MaximizeWindow(window_.get());
     } else {
-        wasMaximised = (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_MAXIMIZED) != 0;
-        SDL_SetWindowFullscreen(window.get(), SDL_WINDOW_FULLSCREEN_DESKTOP);
+        wasMaximised_ = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MAXIMIZED) != 0;
+        SDL_SetWindowFullscreen(window_.get(), SDL_WINDOW_FULLSCREEN_DESKTOP);
     }
 }
 
 bool GameWindow::isFullScreen() const
 {
-    return window && (uncovered || (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0);
+    return window_ &&
+           (uncovered_ || (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0);
 }
 
 void GameWindow::setTitleNote(const std::string &note)
 {
-    if (window)
-        SDL_SetWindowTitle(window.get(), note.empty() ? title.c_str() : note.c_str());
+    if (window_)
+        SDL_SetWindowTitle(window_.get(), note.empty() ? title_.c_str() : note.c_str());
 }
 
 void GameWindow::toggleCover()
 {
     SDL_Rect place{};
-    if (uncovered) {
-        place = *std::exchange(uncovered, std::nullopt);
+    if (uncovered_) {
+        place = *std::exchange(uncovered_, std::nullopt);
     } else {
-        SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(window.get()), &place);
-        SDL_Rect &old = uncovered.emplace();
-        SDL_GetWindowPosition(window.get(), &old.x, &old.y);
-        SDL_GetWindowSize(window.get(), &old.w, &old.h);
+        SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(window_.get()), &place);
+        SDL_Rect &old = uncovered_.emplace();
+        SDL_GetWindowPosition(window_.get(), &old.x, &old.y);
+        SDL_GetWindowSize(window_.get(), &old.w, &old.h);
     }
-    SDL_SetWindowPosition(window.get(), place.x, place.y);
-    SDL_SetWindowSize(window.get(), place.w, place.h);
+    SDL_SetWindowPosition(window_.get(), place.x, place.y);
+    SDL_SetWindowSize(window_.get(), place.w, place.h);
 }
 
 void GameWindow::raise()
 {
-    if (!window)
+    if (!window_)
         return;
-    if ((SDL_GetWindowFlags(window.get()) & SDL_WINDOW_MINIMIZED) != 0)
-        SDL_RestoreWindow(window.get());
-    SDL_RaiseWindow(window.get());
+    if ((SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MINIMIZED) != 0)
+        SDL_RestoreWindow(window_.get());
+    SDL_RaiseWindow(window_.get());
 }
 
 WindowSize GameWindow::size() const
 {
     WindowSize size{};
-    if (window) {
-        SDL_GetWindowSize(window.get(), &size.points.width, &size.points.height);
-        SDL_GetWindowSizeInPixels(window.get(), &size.pixels.width, &size.pixels.height);
+    if (window_) {
+        SDL_GetWindowSize(window_.get(), &size.points.width, &size.points.height);
+        SDL_GetWindowSizeInPixels(window_.get(), &size.pixels.width, &size.pixels.height);
     }
     return size;
 }
@@ -209,7 +210,7 @@ WindowSize GameWindow::size() const
 int GameWindow::refreshRate() const
 {
     SDL_DisplayMode mode{};
-    if (!window || SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window.get()), &mode) != 0)
+    if (!window_ || SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode) != 0)
         return 0;
     return mode.refresh_rate;
 }

@@ -19,7 +19,7 @@ namespace platform
 class GameWindow
 {
 public:
-    explicit GameWindow(Host &host) : host(host) {}
+    explicit GameWindow(Host &host) : host_(host) {}
     GameWindow(const GameWindow &) = delete;
     GameWindow &operator=(const GameWindow &) = delete;
     ~GameWindow();
@@ -28,7 +28,7 @@ public:
     /// The icon is a picture file, which may be missing. @return false without a display.
     bool create(const std::string &newTitle, const std::string &iconFile);
 
-    bool exists() const { return window != nullptr; }
+    bool exists() const { return window_ != nullptr; }
     /// Forgets the window, whose display has gone: nothing of it could be destroyed any more.
     void abandon();
     /// Null until the window exists.
@@ -57,14 +57,14 @@ private:
     bool startVideo();
     void toggleCover();
 
-    Host &host;
-    std::unique_ptr<SDL_Window, Destroy> window;
+    Host &host_;
+    std::unique_ptr<SDL_Window, Destroy> window_;
     std::unique_ptr<Presenter> presenter_;
-    std::string title;
-    bool videoRuns = false;
-    bool wasMaximised = false; ///< Before it went to full screen.
+    std::string title_;
+    bool videoRuns_ = false;
+    bool wasMaximised_ = false; ///< Before it went to full screen.
     /// Where the window was before it covered the display without a window manager's help.
-    std::optional<SDL_Rect> uncovered;
+    std::optional<SDL_Rect> uncovered_;
 };
 
 } // namespace platform

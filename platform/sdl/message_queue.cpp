@@ -5,7 +5,7 @@ namespace platform
 
 void MessageQueue::post(std::uint32_t message, std::uint32_t wParam, std::int32_t lParam)
 {
-    messages.push_back({nullptr, message, wParam, lParam});
+    messages_.push_back({nullptr, message, wParam, lParam});
 }
 
 void MessageQueue::postStylus(std::uint32_t message, Point pixel)
@@ -16,10 +16,10 @@ void MessageQueue::postStylus(std::uint32_t message, Point pixel)
 
 bool MessageQueue::take(MSG &message)
 {
-    if (messages.empty())
+    if (messages_.empty())
         return false;
-    message = messages.front();
-    messages.pop_front();
+    message = messages_.front();
+    messages_.pop_front();
     return true;
 }
 

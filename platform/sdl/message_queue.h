@@ -22,7 +22,7 @@ public:
     bool take(MSG &message);
 
 private:
-    std::deque<MSG> messages;
+    std::deque<MSG> messages_;
 };
 
 } // namespace platform

@@ -18,29 +18,29 @@ constexpr std::chrono::milliseconds kLongestFarewell{200};
 
 SoundPlayer::~SoundPlayer()
 {
-    if (!worker.joinable())
+    if (!worker_.joinable())
         return;
-    std::unique_lock lock(shared->mutex);
-    shared->quitting = true;
-    shared->changed.notify_all();
-    const bool ended = shared->changed.wait_for(lock, kLongestFarewell, [this] { return shared->ended; });
+    std::unique_lock lock(shared_->mutex);
+    shared_->quitting = true;
+    shared_->changed.notify_all();
+    const bool ended = shared_->changed.wait_for(lock, kLongestFarewell, [this] { return shared_->ended; });
     lock.unlock();
-    ended ? worker.join() : worker.detach();
+    ended ? worker_.join() : worker_.detach();
 }
 
 void SoundPlayer::play(const std::string &file)
 {
-    if (!shared)
-        shared = std::make_shared<Shared>();
+    if (!shared_)
+        shared_ = std::make_shared<Shared>();
     {
-        const std::lock_guard lock(shared->mutex);
-        shared->requested = file;
+        const std::lock_guard lock(shared_->mutex);
+        shared_->requested = file;
     }
-    shared->changed.notify_all();
-    if (worker.joinable())
+    shared_->changed.notify_all();
+    if (worker_.joinable())
         return;
     try {
-        worker = std::thread(run, shared);
+        worker_ = std::thread(run, shared_);
     } catch (const std::system_error &) {
         // No thread, no sound; the next one tries again.
     }

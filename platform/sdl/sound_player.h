@@ -38,8 +38,8 @@ private:
 
     static void run(const std::shared_ptr<Shared> &shared);
 
-    std::shared_ptr<Shared> shared;
-    std::thread worker;
+    std::shared_ptr<Shared> shared_;
+    std::thread worker_;
 };
 
 } // namespace platform

@@ -5,28 +5,28 @@ namespace platform
 
 void Stylus::press(Pointer pointer, Point pixel)
 {
-    if (owner || !isOnScreen(pixel))
+    if (owner_ || !isOnScreen(pixel))
         return;
-    owner = pointer;
-    last = pixel;
-    messages.postStylus(WM_LBUTTONDOWN, last);
+    owner_ = pointer;
+    last_ = pixel;
+    messages_.postStylus(WM_LBUTTONDOWN, last_);
 }
 
 void Stylus::move(Pointer pointer, Point pixel)
 {
     const Point nearest = nearestOnScreen(pixel);
-    if (owner != pointer || nearest == last)
+    if (owner_ != pointer || nearest == last_)
         return;
-    last = nearest;
-    messages.postStylus(WM_MOUSEMOVE, last);
+    last_ = nearest;
+    messages_.postStylus(WM_MOUSEMOVE, last_);
 }
 
 void Stylus::release(Pointer pointer, Point pixel)
 {
-    if (owner != pointer)
+    if (owner_ != pointer)
         return;
-    owner.reset();
-    messages.postStylus(WM_LBUTTONUP, nearestOnScreen(pixel));
+    owner_.reset();
+    messages_.postStylus(WM_LBUTTONUP, nearestOnScreen(pixel));
 }
 
 } // namespace platform

@@ -25,7 +25,7 @@ struct Pointer {
 class Stylus
 {
 public:
-    explicit Stylus(MessageQueue &messages) : messages(messages) {}
+    explicit Stylus(MessageQueue &messages) : messages_(messages) {}
 
     /// A press outside the picture is nobody's.
     void press(Pointer pointer, Point pixel);
@@ -37,12 +37,12 @@ public:
     void release(Pointer pointer, Point pixel);
 
     /// Drops the tap: no message stands for a lift that did not happen, and the real release is ignored.
-    void cancel() { owner.reset(); }
+    void cancel() { owner_.reset(); }
 
 private:
-    MessageQueue &messages;
-    std::optional<Pointer> owner;
-    Point last{};
+    MessageQueue &messages_;
+    std::optional<Pointer> owner_;
+    Point last_{};
 };
 
 } // namespace platform

@@ -47,41 +47,41 @@ SDL_Rect SurfacePresenter::draw(const Frame &frame, RowSpan rows, SDL_Surface &t
         return drawMultiple(frame, rows, layout, target);
     if (layout.width < kScreenSize.width)
         return drawShrunk(frame, layout, target);
-    scaler.resize({layout.width, layout.height});
-    const RowSpan shown = scaler.rowsShowing(rows);
+    scaler_.resize({layout.width, layout.height});
+    const RowSpan shown = scaler_.rowsShowing(rows);
     const SDL_Rect drawn{layout.left, layout.top + shown.first, layout.width, shown.last - shown.first};
-    scaler.draw(frame, shown, pixelAt(target, drawn.x, drawn.y), target.pitch);
+    scaler_.draw(frame, shown, pixelAt(target, drawn.x, drawn.y), target.pitch);
     return drawn;
 }
 
 SDL_Rect SurfacePresenter::drawShrunk(const Frame &frame, const ScreenLayout &layout, SDL_Surface &target)
 {
     SDL_Rect place{layout.left, layout.top, layout.width, layout.height};
-    if (!small)
-        small.reset(SDL_CreateRGBSurfaceWithFormat(0, kScreenSize.width, kScreenSize.height, 32,
-                                                   target.format->format));
-    if (!small)
+    if (!small_)
+        small_.reset(SDL_CreateRGBSurfaceWithFormat(0, kScreenSize.width, kScreenSize.height, 32,
+                                                    target.format->format));
+    if (!small_)
         return place;
     for (int y = 0; y < kScreenSize.height; ++y)
-        convertRow(rowOf(frame, y), kScreenSize.width, 1, pixelAt(*small, 0, y), small->pitch);
-    SDL_SoftStretchLinear(small.get(), nullptr, &target, &place);
+        convertRow(rowOf(frame, y), kScreenSize.width, 1, pixelAt(*small_, 0, y), small_->pitch);
+    SDL_SoftStretchLinear(small_.get(), nullptr, &target, &place);
     return place;
 }
 
-bool SurfacePresenter::isReady() { return SDL_GetWindowSurface(window) != nullptr; }
+bool SurfacePresenter::isReady() { return SDL_GetWindowSurface(window_) != nullptr; }
 
 SDL_Surface *SurfacePresenter::drawable(SDL_Surface *shown)
 {
     if (takesXrgb8888(*shown->format))
         return shown;
-    if (!converted || converted->w != shown->w || converted->h != shown->h)
-        converted.reset(SDL_CreateRGBSurfaceWithFormat(0, shown->w, shown->h, 32, SDL_PIXELFORMAT_RGB888));
-    return converted.get();
+    if (!converted_ || converted_->w != shown->w || converted_->h != shown->h)
+        converted_.reset(SDL_CreateRGBSurfaceWithFormat(0, shown->w, shown->h, 32, SDL_PIXELFORMAT_RGB888));
+    return converted_.get();
 }
 
 bool SurfacePresenter::present(const Frame &frame, const Damage &damage)
 {
-    SDL_Surface *shown = SDL_GetWindowSurface(window);
+    SDL_Surface *shown = SDL_GetWindowSurface(window_);
     SDL_Surface *target = shown ? drawable(shown) : nullptr;
     if (!target)
         return false;
@@ -94,7 +94,7 @@ bool SurfacePresenter::present(const Frame &frame, const Damage &damage)
         SDL_Rect place = drawn;
         SDL_BlitSurface(target, &drawn, shown, &place);
     }
-    return SDL_UpdateWindowSurfaceRects(window, &drawn, 1) == 0;
+    return SDL_UpdateWindowSurfaceRects(window_, &drawn, 1) == 0;
 }
 
 } // namespace platform

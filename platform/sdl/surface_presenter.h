@@ -16,7 +16,7 @@ class SurfacePresenter final : public Presenter
 {
 public:
     /// The window must outlive the presenter.
-    explicit SurfacePresenter(SDL_Window *window) : window(window) {}
+    explicit SurfacePresenter(SDL_Window *window) : window_(window) {}
 
     bool isReady() override;
     bool present(const Frame &frame, const Damage &damage) override;
@@ -32,12 +32,12 @@ private:
     SDL_Rect draw(const Frame &frame, RowSpan rows, SDL_Surface &target);
     SDL_Rect drawShrunk(const Frame &frame, const ScreenLayout &layout, SDL_Surface &target);
 
-    SDL_Window *window;
-    PictureScaler scaler;
+    SDL_Window *window_;
+    PictureScaler scaler_;
     /// A frame at its own size, where it is to be shown at less.
-    std::unique_ptr<SDL_Surface, FreeSurface> small;
+    std::unique_ptr<SDL_Surface, FreeSurface> small_;
     /// What is drawn into where the window has pixels of another kind.
-    std::unique_ptr<SDL_Surface, FreeSurface> converted;
+    std::unique_ptr<SDL_Surface, FreeSurface> converted_;
 };
 
 } // namespace platform

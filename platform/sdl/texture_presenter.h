@@ -16,7 +16,7 @@ public:
     /// The window must outlive the presenter and be made for OpenGL.
     explicit TexturePresenter(SDL_Window *window);
 
-    bool isReady() override { return texture != nullptr; }
+    bool isReady() override { return texture_ != nullptr; }
     bool present(const Frame &frame, const Damage &damage) override;
     void invalidate() override;
     VerticalSync verticalSync() const override { return VerticalSync::On; }
@@ -30,10 +30,10 @@ private:
     SDL_Texture *enlarged(const ScreenLayout &layout);
     bool upload(const Frame &frame, RowSpan rows);
 
-    std::unique_ptr<SDL_Renderer, Destroy> renderer;
-    std::unique_ptr<SDL_Texture, Destroy> texture;  ///< The frame at its own size.
-    std::unique_ptr<SDL_Texture, Destroy> multiple; ///< At a whole multiple; null until it is needed.
-    int multipleScale = 0;
+    std::unique_ptr<SDL_Renderer, Destroy> renderer_;
+    std::unique_ptr<SDL_Texture, Destroy> texture_;  ///< The frame at its own size.
+    std::unique_ptr<SDL_Texture, Destroy> multiple_; ///< At a whole multiple; null until it is needed.
+    int multipleScale_ = 0;
 };
 
 } // namespace platform

@@ -20,8 +20,8 @@ template <std::size_t kSize> std::bitset<kSize> keysDown(const XKeymapEvent &sta
 
 void HeldKeys::begin()
 {
-    stateExpected = true;
-    held.reset();
+    stateExpected_ = true;
+    held_.reset();
 }
 
 void HeldKeys::note(const SDL_Event &event)
@@ -30,13 +30,13 @@ void HeldKeys::note(const SDL_Event &event)
     if (message->subsystem != SDL_SYSWM_X11)
         return;
     const XEvent &x = message->msg.x11.event;
-    if (x.type == KeymapNotify && stateExpected) {
-        stateExpected = false;
-        held = keysDown<kKeyCodes>(x.xkeymap);
+    if (x.type == KeymapNotify && stateExpected_) {
+        stateExpected_ = false;
+        held_ = keysDown<kKeyCodes>(x.xkeymap);
     } else if (x.type == KeyPress) {
-        lastPressed = static_cast<unsigned char>(x.xkey.keycode);
+        lastPressed_ = static_cast<unsigned char>(x.xkey.keycode);
     } else if (x.type == KeyRelease) {
-        held.reset(x.xkey.keycode);
+        held_.reset(x.xkey.keycode);
     }
 }
 

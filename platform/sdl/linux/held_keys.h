@@ -20,14 +20,14 @@ public:
     void note(const SDL_Event &event);
 
     /// Whether the press last noted is one of a key that was down all the time.
-    bool lastPressIsOld() const { return held.test(lastPressed); }
+    bool lastPressIsOld() const { return held_.test(lastPressed_); }
 
 private:
     static constexpr int kKeyCodes = 256;
 
-    bool stateExpected = false;
-    std::bitset<kKeyCodes> held;
-    unsigned char lastPressed = 0; ///< 0 is no key.
+    bool stateExpected_ = false;
+    std::bitset<kKeyCodes> held_;
+    unsigned char lastPressed_ = 0; ///< 0 is no key.
 };
 
 } // namespace platform

@@ -49,21 +49,21 @@ int openSocket() { return ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NON
 
 SingleInstance::~SingleInstance()
 {
-    if (socket != kNone)
-        close(socket);
+    if (socket_ != kNone)
+        close(socket_);
 }
 
 bool SingleInstance::isOtherRunning()
 {
-    if (socket != kNone)
+    if (socket_ != kNone)
         return false;
-    socket = openSocket();
+    socket_ = openSocket();
     const Address address;
-    if (socket == kNone || bind(socket, address.get(), address.length) == 0)
+    if (socket_ == kNone || bind(socket_, address.get(), address.length) == 0)
         return false;
     const bool taken = errno == EADDRINUSE;
-    close(socket);
-    socket = kNone;
+    close(socket_);
+    socket_ = kNone;
     return taken;
 }
 
@@ -82,7 +82,7 @@ bool SingleInstance::takeRaiseRequest()
 {
     char request = 0;
     bool requested = false;
-    while (socket != kNone && recv(socket, &request, sizeof request, 0) >= 0)
+    while (socket_ != kNone && recv(socket_, &request, sizeof request, 0) >= 0)
         requested = true;
     return requested;
 }

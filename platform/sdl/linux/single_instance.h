@@ -26,7 +26,7 @@ public:
 private:
     static constexpr int kNone = -1;
 
-    int socket = kNone;
+    int socket_ = kNone;
 };
 
 } // namespace platform

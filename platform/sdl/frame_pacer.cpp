@@ -19,6 +19,10 @@ constexpr std::chrono::seconds kLongestFrame{10};
 
 } // namespace
 
+RealTime::Clock::time_point RealTime::now() { return Clock::now(); }
+
+void RealTime::sleepUntil(Clock::time_point time) { std::this_thread::sleep_until(time); }
+
 std::uint32_t FramePacer::setRefreshRate(int displayRate)
 {
     const int rate = displayRate < kLeastRate ? kUsualRate : std::min(displayRate, kHighestRate);
@@ -28,16 +32,15 @@ std::uint32_t FramePacer::setRefreshRate(int displayRate)
 
 std::uint32_t FramePacer::wait(VerticalSync sync)
 {
+    const bool held = sync == VerticalSync::On && last_ + period_ - time_.now() < period_ / 2;
+    return held ? countRefreshes() : waitForRefresh();
+}
+
+std::uint32_t FramePacer::waitForRefresh()
+{
     const Clock::time_point due = last_ + period_;
-    if (sync == VerticalSync::On && due - Clock::now() < period_ / 2) {
-        // The display's own refreshes are the grid now, to which this one is the nearest.
-        const Clock::duration length = Clock::now() - last_;
-        last_ += length;
-        const auto refreshes = static_cast<std::uint32_t>((length + period_ / 2) / period_);
-        return length > kLongestFrame ? 1 : std::max(1u, refreshes);
-    }
-    std::this_thread::sleep_until(due);
-    const Clock::duration late = Clock::now() - due;
+    time_.sleepUntil(due);
+    const Clock::duration late = time_.now() - due;
     if (late > kLongestFrame) {
         restart();
         return 1;
@@ -45,6 +48,15 @@ std::uint32_t FramePacer::wait(VerticalSync sync)
     const auto missed = static_cast<std::uint32_t>(late / period_);
     last_ = due + missed * period_;
     return 1 + missed;
+}
+
+std::uint32_t FramePacer::countRefreshes()
+{
+    // The display's own refreshes are the grid now.
+    const Clock::duration length = time_.now() - last_;
+    restart();
+    const auto nearest = static_cast<std::uint32_t>((length + period_ / 2) / period_);
+    return length > kLongestFrame ? 1 : std::max(1u, nearest);
 }
 
 } // namespace platform

@@ -6,6 +6,17 @@
 namespace platform
 {
 
+/// The time of the machine.
+class RealTime
+{
+public:
+    using Clock = std::chrono::steady_clock;
+
+    virtual ~RealTime() = default;
+    virtual Clock::time_point now();
+    virtual void sleepUntil(Clock::time_point time);
+};
+
 /// Whether the display itself made a frame wait.
 enum class VerticalSync { Off, On };
 
@@ -13,6 +24,8 @@ enum class VerticalSync { Off, On };
 class FramePacer
 {
 public:
+    explicit FramePacer(RealTime &time) : time_(time) {}
+
     /// Frames in a second: what a display says of itself, or 60 where that can be no display's rate.
     std::uint32_t setRefreshRate(int displayRate);
 
@@ -22,13 +35,17 @@ public:
     std::uint32_t wait(VerticalSync sync);
 
     /// Begins anew: the time until now is no frame's.
-    void restart() { last_ = Clock::now(); }
+    void restart() { last_ = time_.now(); }
 
 private:
-    using Clock = std::chrono::steady_clock;
+    using Clock = RealTime::Clock;
 
+    std::uint32_t waitForRefresh();
+    std::uint32_t countRefreshes();
+
+    RealTime &time_;
     Clock::duration period_ = std::chrono::nanoseconds(std::chrono::seconds(1)) / 60;
-    Clock::time_point last_ = Clock::now(); ///< When the last refresh was due.
+    Clock::time_point last_ = time_.now(); ///< When the last refresh was due.
 };
 
 } // namespace platform

@@ -61,7 +61,8 @@ private:
     GameWindow window_{*host_};
     EventHandler events_{*host_, window_, messages_};
     SoundPlayer sound_;
-    FramePacer pacer_;
+    RealTime time_;
+    FramePacer pacer_{time_};
     std::string windowError_;
     bool displayOpen_ = false;
     Frame drawn_{};

@@ -14,6 +14,7 @@
 #include "platform/clock.h"
 #include "platform/frame_buffer.h"
 #include "platform/sdl/escape_key.h"
+#include "platform/sdl/frame_pacer.h"
 #include "platform/sdl/game_clock.h"
 #include "platform/sdl/picture_scaler.h"
 #include "platform/sdl/pixel_conversion.h"
@@ -178,6 +179,71 @@ TEST(GameClock, StaysAwayFromTheEdgesOfTicks)
     GameClock clock(0x3FFFFFFF);
     clock.pass(0x40000000);
     EXPECT_EQ(clock.tick(), 0x80000000u) << "on the greatest signed tick it could stand for ever";
+}
+
+/// Time that passes only in waiting, and where a test says so.
+struct TestTime final : RealTime {
+    Clock::time_point now() override { return moment; }
+    void sleepUntil(Clock::time_point time) override { moment = std::max(moment, time); }
+    long long ms() const
+    {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()).count();
+    }
+
+    Clock::time_point moment;
+};
+
+TEST(FramePacer, WaitsForTheGridAndCountsWhatWasMissed)
+{
+    using namespace std::chrono_literals;
+    TestTime time;
+    FramePacer pacer(time);
+    EXPECT_EQ(pacer.setRefreshRate(100), 100u);
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
+    EXPECT_EQ(time.ms(), 10);
+    time.moment += 19ms; // at 29: late, but before the refresh at 30
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
+    EXPECT_EQ(time.ms(), 30) << "what is late does not move the grid";
+    time.moment += 35ms; // at 65: the refreshes at 40, 50 and 60 have passed
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 3u);
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
+    EXPECT_EQ(time.ms(), 70);
+    time.moment += 10s + 10ms; // the longest frame there is
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1001u);
+    time.moment += 10s + 11ms;
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u) << "the machine slept";
+    pacer.restart();
+    time.moment += 3ms;
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
+    EXPECT_EQ(time.ms(), 20101);
+}
+
+TEST(FramePacer, LetsVerticalSyncBeTheGrid)
+{
+    using namespace std::chrono_literals;
+    TestTime time;
+    FramePacer pacer(time);
+    pacer.setRefreshRate(100);
+    time.moment += 6ms; // held for more than half a period
+    EXPECT_EQ(pacer.wait(VerticalSync::On), 1u);
+    EXPECT_EQ(time.ms(), 6);
+    time.moment += 5ms; // not held at all
+    EXPECT_EQ(pacer.wait(VerticalSync::On), 1u);
+    EXPECT_EQ(time.ms(), 16);
+    time.moment += 26ms; // nearer to the third refresh than to the second
+    EXPECT_EQ(pacer.wait(VerticalSync::On), 3u);
+    EXPECT_EQ(time.ms(), 42);
+}
+
+TEST(FramePacer, TakesRatesThatNoDisplayHasFor60)
+{
+    TestTime time;
+    FramePacer pacer(time);
+    EXPECT_EQ(pacer.setRefreshRate(0), 60u);
+    EXPECT_EQ(pacer.setRefreshRate(23), 60u);
+    EXPECT_EQ(pacer.setRefreshRate(24), 24u);
+    EXPECT_EQ(pacer.setRefreshRate(1000), 500u);
 }
 
 TEST(EscapeKey, CountsWhenPressedTwiceWithinTwoSeconds)

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "shell/event_listener.h"
+#include "shell/event_bus.h"
 
 namespace mygame
 {

@@ -6,7 +6,7 @@
 #include "graphics/animated_sprite.h"
 #include "graphics/surface.h"
 #include "screens/menu_listener.h"
-#include "shell/event_listener.h"
+#include "shell/event_bus.h"
 #include "shell/screen.h"
 
 namespace mygame

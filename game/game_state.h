@@ -3,9 +3,7 @@
 #include <cstdint>
 #include <map>
 
-#include "game/asteroid.h"
-#include "game/explosion.h"
-#include "game/missile.h"
+#include "game/objects.h"
 #include "game/player.h"
 #include "graphics/bitmap_font.h"
 #include "screens/anim_screen.h"

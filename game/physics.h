@@ -3,8 +3,7 @@
 
 #include <cstdint>
 
-#include "game/asteroid.h"
-#include "game/missile.h"
+#include "game/objects.h"
 
 namespace mygame
 {

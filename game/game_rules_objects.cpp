@@ -1,8 +1,9 @@
 /// The rules' operations on asteroids and missiles.
+#include "game/game_rules.h"
+
 #include <cstdlib>
 
 #include "game/events.h"
-#include "game/game_rules.h"
 #include "game/game_state.h"
 #include "game/physics.h"
 #include "platform/clock.h"

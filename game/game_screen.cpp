@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/sound.h"
 #include "platform/text.h"
+#include "screens/screen_names.h"
 #include "shell/application.h"
 #include "shell/event_bus.h"
 
@@ -129,7 +130,7 @@ void GameScreen::itemChosen(std::u16string text)
         bus().post<ResumeEvent>();
         menuOpen = false;
     } else if (text == u"Main menu") {
-        application->setScreen("MAIN_MENU");
+        application->setScreen(screen_names::kMainMenu);
     }
 }
 
@@ -182,7 +183,7 @@ bool GameScreen::onEvent(const Event &event)
         endGame();
         break;
     case kWaveComplete:
-        application->setScreen("SHOP");
+        application->setScreen(screen_names::kShop);
         break;
     case kNukeFlash:
         nukeFlashStart = platform::GetTickCount();
@@ -259,14 +260,14 @@ void GameScreen::showMessage(const char16_t *format, std::int32_t number)
 {
     char16_t text[platform::kMaxFormattedText];
     platform::wsprintfW(text, format, number);
-    state->messageScreen.setMessage(text, application->findScreen("MAIN_MENU"));
-    application->setScreen("MESSAGE");
+    state->messageScreen.setMessage(text, application->findScreen(screen_names::kMainMenu));
+    application->setScreen(screen_names::kMessage);
 }
 
 void GameScreen::showGameOver()
 {
-    state->animScreen.setScreens(this, application->findScreen("GAME_OVER"));
-    application->setScreen("ANIMSCREEN");
+    state->animScreen.setScreens(this, application->findScreen(screen_names::kGameOver));
+    application->setScreen(screen_names::kAnimation);
 }
 
 } // namespace mygame

@@ -2,6 +2,7 @@
 #include "game/game_screen.h"
 
 #include "game/game_state.h"
+#include "graphics/screen_size.h"
 #include "platform/clock.h"
 #include "platform/text.h"
 
@@ -18,9 +19,7 @@ constexpr std::int32_t kMenuButtonX = 210;
 constexpr std::int32_t kMenuButtonY = 290;
 
 constexpr std::int32_t kTextY = 0;
-constexpr std::int32_t kMoneyRight = 240;
 constexpr std::int32_t kSlotsLeft = 10;
-constexpr std::int32_t kClockCentre = 120;
 constexpr std::int32_t kMissileIcon = -2; ///< Both x and y.
 
 constexpr std::int32_t kSecondsPerMinute = 60;
@@ -60,7 +59,7 @@ void GameScreen::renderTexts(Surface &target) const
 {
     char16_t text[platform::kMaxFormattedText];
     platform::wsprintfW(text, u"%d$", state->player.money);
-    target.drawText(state->font, text, kMoneyRight, kTextY, TextAlign::AlignRight);
+    target.drawText(state->font, text, kScreenWidth, kTextY, TextAlign::AlignRight);
     platform::wsprintfW(text, u"%d", state->player.missileSlots);
     target.drawText(state->font, text, kSlotsLeft, kTextY, TextAlign::AlignLeft);
     missileSprite.draw(target, kMissileIcon, kMissileIcon);
@@ -78,7 +77,7 @@ void GameScreen::renderClock(Surface &target) const
                             seconds % kSecondsPerMinute);
     else
         return;
-    target.drawText(state->font, text, kClockCentre, kTextY, TextAlign::AlignCentre);
+    target.drawText(state->font, text, kScreenCentreX, kTextY, TextAlign::AlignCentre);
 }
 
 } // namespace mygame

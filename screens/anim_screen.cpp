@@ -1,17 +1,11 @@
 #include "screens/anim_screen.h"
 
+#include "graphics/screen_size.h"
 #include "platform/clock.h"
 #include "shell/application.h"
 
 namespace mygame
 {
-namespace
-{
-
-constexpr std::int32_t kScreenWidth = 240;
-constexpr std::int32_t kScreenHeight = 320;
-
-} // namespace
 
 AnimScreen::AnimScreen() { buffer.create(kScreenWidth, kScreenHeight); }
 

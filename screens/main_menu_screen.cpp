@@ -3,6 +3,7 @@
 #include "game/events.h"
 #include "game/game_state.h"
 #include "graphics/image_loading.h"
+#include "screens/screen_names.h"
 #include "shell/application.h"
 #include "shell/event_bus.h"
 
@@ -82,7 +83,7 @@ void MainMenuScreen::startGame(Difficulty difficulty)
 {
     gameState->difficulty = difficulty;
     // The game screen's activation posts a resume, which the new game must follow.
-    application->setScreen("GAME");
+    application->setScreen(screen_names::kGame);
     EventBus::instance().post<NewGameEvent>();
 }
 
@@ -103,7 +104,7 @@ void MainMenuScreen::itemChosen(std::u16string text)
         {u"Easy", [](MainMenuScreen &menu) { menu.startGame(Difficulty::Easy); }},
         {u"Medium", [](MainMenuScreen &menu) { menu.startGame(Difficulty::Medium); }},
         {u"Hard", [](MainMenuScreen &menu) { menu.startGame(Difficulty::Hard); }},
-        {u"Resume", [](MainMenuScreen &menu) { menu.application->setScreen("GAME"); }},
+        {u"Resume", [](MainMenuScreen &menu) { menu.application->setScreen(screen_names::kGame); }},
     };
     for (const Command &command : kCommands) {
         if (text == command.text) {

@@ -2,7 +2,9 @@
 
 #include "game/game_state.h"
 #include "graphics/image_loading.h"
+#include "graphics/screen_size.h"
 #include "platform/text.h"
+#include "screens/screen_names.h"
 #include "shell/application.h"
 
 namespace mygame
@@ -89,7 +91,7 @@ struct Label {
 };
 
 constexpr Label kLabels[] = {
-    {u"shop", 120, 2},
+    {u"shop", kScreenCentreX, 2},
     {u"price", 37, 100},
     {u"money", 203, 100},
     {u"description", 85, 170},
@@ -154,7 +156,7 @@ void ShopScreen::renderSelection(Surface &target) const
 void ShopScreen::pointerUp(std::uint16_t x, std::uint16_t y)
 {
     if (isInside(kBackZone, x, y))
-        application->setScreen("GAME");
+        application->setScreen(screen_names::kGame);
     else if (isInside(kBuyZone, x, y))
         buy();
     else if (isInside(kItemZone, x, y))

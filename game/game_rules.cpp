@@ -13,19 +13,19 @@ namespace mygame
 namespace
 {
 
-constexpr std::int32_t kStartFlightMs = 4000;
-constexpr std::int32_t kStartTravelTime = 2000;
+constexpr Ms kStartFlightMs = 4000;
+constexpr Ms kStartTravelTime = 2000;
 
-constexpr std::uint32_t kFirstSpawnMs = 5000;
-constexpr std::int32_t kSlowestSpawnMs = 4000;
-constexpr std::int32_t kFastestSpawnMs = 2000;
+constexpr Ms kFirstSpawnMs = 5000;
+constexpr Ms kSlowestSpawnMs = 4000;
+constexpr Ms kFastestSpawnMs = 2000;
 /// The spawn interval falls from the slowest to the fastest in this time.
 constexpr std::int32_t kSpeedUpSeconds = 180;
 constexpr std::int32_t kSecondsPerExtraAsteroid = 40;
 
 constexpr std::int32_t kGroupsPerWave = 5;
 constexpr std::int32_t kWaves = 15;
-constexpr std::int32_t kFlightMsLessPerWave = 120;
+constexpr Ms kFlightMsLessPerWave = 120;
 /// Above "Easy", groups grow after each wave before this one.
 constexpr std::int32_t kGrowthEndWave = 10;
 
@@ -39,7 +39,7 @@ std::int32_t lookUp(const ModeTable &table, const GameState &state)
     return table[static_cast<std::size_t>(state.mode) - 1][static_cast<std::size_t>(state.difficulty) - 1];
 }
 
-std::int32_t spawnInterval(std::int32_t seconds)
+Ms spawnInterval(std::int32_t seconds)
 {
     if (seconds > kSpeedUpSeconds)
         return kFastestSpawnMs;
@@ -100,9 +100,9 @@ bool GameRules::onEvent(const Event &event)
 
 void GameRules::newGame()
 {
-    const std::uint32_t now = platform::GetTickCount();
+    const Tick now = platform::GetTickCount();
     paused = false;
-    nextSpawn = now + kFirstSpawnMs;
+    nextSpawn = tickAfter(now, kFirstSpawnMs);
     gameStart = now;
     state->groupSize = static_cast<std::int32_t>(state->difficulty);
     state->asteroidFlightMs = kStartFlightMs;
@@ -123,7 +123,7 @@ void GameRules::newGame()
     spawnAsteroids(lookUp(kInitialAsteroids, *state));
 }
 
-void GameRules::updateWorld(std::uint32_t now)
+void GameRules::updateWorld(Tick now)
 {
     if (paused)
         return;
@@ -133,7 +133,7 @@ void GameRules::updateWorld(std::uint32_t now)
         survivalStep(now);
     else if (state->mode == GameMode::Campaign)
         campaignStep();
-    state->elapsedMs = static_cast<std::int32_t>(now - gameStart);
+    state->elapsedMs = msBetween(gameStart, now);
     for (auto &[id, asteroid] : state->asteroids)
         moveAsteroid(asteroid, now);
     for (auto &[id, missile] : state->missiles)
@@ -142,12 +142,12 @@ void GameRules::updateWorld(std::uint32_t now)
     state->player.updateOrbit(now);
 }
 
-void GameRules::survivalStep(std::uint32_t now)
+void GameRules::survivalStep(Tick now)
 {
-    if (static_cast<std::int32_t>(nextSpawn) < static_cast<std::int32_t>(now)) {
-        const std::int32_t seconds = static_cast<std::int32_t>(now - gameStart) / kMsPerSecond;
+    if (asDue(nextSpawn) < asDue(now)) {
+        const std::int32_t seconds = msBetween(gameStart, now) / kMsPerSecond;
         // From the due time, not from now: after a long frame the schedule catches up, a spawn a step.
-        nextSpawn += static_cast<std::uint32_t>(spawnInterval(seconds));
+        nextSpawn = tickAfter(nextSpawn, spawnInterval(seconds));
         spawnAsteroid();
         spawnAsteroids(seconds / kSecondsPerExtraAsteroid + 1);
     }
@@ -195,14 +195,15 @@ void GameRules::pause()
 void GameRules::resume()
 {
     // Applied also when nothing was paused: every activation of the game screen resumes.
-    const std::uint32_t pausedMs = platform::GetTickCount() - pauseStart;
+    const Ms pausedMs = msBetween(pauseStart, platform::GetTickCount());
+    const auto postpone = [pausedMs](Tick &tick) { tick = tickAfter(tick, pausedMs); };
     for (auto &[id, asteroid] : state->asteroids)
-        asteroid.spawnTime += pausedMs;
+        postpone(asteroid.spawnTime);
     for (auto &[id, missile] : state->missiles)
-        missile.launchTime += pausedMs;
-    state->player.orbitStart += pausedMs;
-    gameStart += pausedMs;
-    nextSpawn += pausedMs;
+        postpone(missile.launchTime);
+    postpone(state->player.orbitStart);
+    postpone(gameStart);
+    postpone(nextSpawn);
     paused = false;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "graphics/ticks.h"
 #include "shell/event_bus.h"
 
 namespace mygame
@@ -29,8 +30,8 @@ public:
 private:
     // The game's course.
     void newGame();
-    void updateWorld(std::uint32_t now);
-    void survivalStep(std::uint32_t now);
+    void updateWorld(Tick now);
+    void survivalStep(Tick now);
     void campaignStep();
     void launchGroup();
     void completeWave();
@@ -50,9 +51,9 @@ private:
 
     GameState *state = nullptr;
     std::int32_t nextId = 0; ///< The last id given to an asteroid or missile.
-    std::uint32_t pauseStart = 0;
-    std::uint32_t gameStart = 0;
-    std::uint32_t nextSpawn = 0; ///< Tick at which the next survival spawn is due.
+    Tick pauseStart = 0;
+    Tick gameStart = 0;
+    Tick nextSpawn = 0; ///< When the next survival spawn is due.
     bool paused = false;
 };
 

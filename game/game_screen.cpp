@@ -20,7 +20,7 @@ namespace
 
 struct Look {
     const char16_t *file;
-    std::int32_t frameTimeMs;
+    Ms frameTimeMs;
 };
 
 constexpr Look kMissileLook = {u"missile.png", 300};
@@ -41,8 +41,8 @@ constexpr std::int32_t kNukeButtonY = 296;
 
 constexpr std::uint32_t kSoundGapMs = 100;
 
-/// Tick of the last explosion sound. Of the process: it goes on through all games.
-std::uint32_t lastExplosionSound = 0;
+/// When the last explosion sound began. Of the process: it goes on through all games.
+Tick lastExplosionSound = 0;
 
 EventBus &bus() { return EventBus::instance(); }
 
@@ -134,7 +134,7 @@ void GameScreen::itemChosen(std::u16string text)
     }
 }
 
-void GameScreen::update(std::uint32_t now)
+void GameScreen::update(Tick now)
 {
     bus().post<TickEvent>();
     bus().dispatchAll();
@@ -145,7 +145,7 @@ void GameScreen::update(std::uint32_t now)
         updateAnimations(now);
 }
 
-void GameScreen::updateAnimations(std::uint32_t now)
+void GameScreen::updateAnimations(Tick now)
 {
     for (auto &[id, explosion] : state->explosions) {
         if (explosion.sprite.isFinished())

@@ -28,7 +28,7 @@ public:
     void link(GameState *gameState);
 
     void render(Surface &target) override;
-    void update(std::uint32_t now) override;
+    void update(Tick now) override;
     void keyDown(std::uint16_t key) override;
     void pointerDown(std::uint16_t x, std::uint16_t y) override;
     bool activate(Application *current) override;
@@ -40,7 +40,7 @@ private:
     static constexpr int kAsteroidKinds = 4;
 
     void openGameMenu();
-    void updateAnimations(std::uint32_t now);
+    void updateAnimations(Tick now);
     void dressAsteroid(std::int32_t id);
     void dressMissile(std::int32_t id);
     void spawnExplosion(std::int32_t x, std::int32_t y);
@@ -62,7 +62,7 @@ private:
     Application *application = nullptr;
     GameState *state = nullptr;
     std::int32_t explosionCounter = 0; ///< The last id given to an explosion.
-    std::uint32_t nukeFlashStart = 0;  ///< Tick of the last nuke.
+    Tick nukeFlashStart = 0;           ///< When the last nuke went off.
     bool menuOpen = false;
 };
 

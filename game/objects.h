@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "graphics/animated_sprite.h"
+#include "graphics/ticks.h"
 
 namespace mygame
 {
@@ -16,8 +17,8 @@ struct Asteroid {
     std::int32_t startY = 0;
     std::int32_t targetX = 0;
     std::int32_t targetY = 0;
-    std::uint32_t spawnTime = 0;
-    std::int32_t flightMs = 0; ///< From start to target; not 0 in a game.
+    Tick spawnTime = 0;
+    Ms flightMs = 0; ///< From start to target; not 0 in a game.
     std::int32_t x = 0;
     std::int32_t y = 0;
 };
@@ -28,8 +29,8 @@ struct Missile {
     std::int32_t targetY = 0;
     std::int32_t startX = 0;
     std::int32_t startY = 0;
-    std::uint32_t launchTime = 0;
-    std::int32_t flightMs = 0; ///< From start to target; 0 or less: it detonates where it starts.
+    Tick launchTime = 0;
+    Ms flightMs = 0; ///< From start to target; 0 or less: it detonates where it starts.
     std::int32_t x = 0;
     std::int32_t y = 0;
     AnimatedSprite *sprite = nullptr; ///< The game screen's; not drawn while null.

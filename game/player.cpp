@@ -28,9 +28,9 @@ constexpr std::int32_t kGaugeOrigin = kGaugeBottom / kGaugePixelsPerPoint;
 
 } // namespace
 
-void Player::updateOrbit(std::uint32_t now)
+void Player::updateOrbit(Tick now)
 {
-    const float angle = static_cast<float>(static_cast<std::int32_t>(now - orbitStart)) * kRadianPerMs;
+    const float angle = static_cast<float>(msBetween(orbitStart, now)) * kRadianPerMs;
     x = static_cast<std::int32_t>(std::cos(double{angle}) * kOrbitRadiusX + kOrbitCentreX);
     y = static_cast<std::int32_t>(std::sin(double{angle}) * kOrbitRadiusY + kOrbitCentreY);
 }

@@ -22,9 +22,9 @@ void AnimScreen::render(Surface &target)
     buffer.blitTo(target, 0, offset);
 }
 
-void AnimScreen::update(std::uint32_t now)
+void AnimScreen::update(Tick now)
 {
-    offset = kScreenHeight - static_cast<std::int32_t>(now - startTick);
+    offset = kScreenHeight - msBetween(startTick, now);
     if (offset <= 0)
         application->setCurrentScreen(to);
 }

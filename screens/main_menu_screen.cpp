@@ -18,7 +18,7 @@ void MainMenuScreen::render(Surface &target)
     gameState->menu.render(target);
 }
 
-void MainMenuScreen::update(std::uint32_t now) { gameState->menu.update(now); }
+void MainMenuScreen::update(Tick now) { gameState->menu.update(now); }
 
 void MainMenuScreen::keyUp(std::uint16_t) { application->requestStop(); }
 

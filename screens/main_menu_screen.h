@@ -25,7 +25,7 @@ public:
     void link(GameState *state) { gameState = state; }
 
     void render(Surface &target) override;
-    void update(std::uint32_t now) override;
+    void update(Tick now) override;
     void keyUp(std::uint16_t key) override;
     void pointerUp(std::uint16_t x, std::uint16_t y) override;
     bool activate(Application *current) override;

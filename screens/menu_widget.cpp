@@ -16,7 +16,7 @@ constexpr std::int32_t kTextTopInRow = 6;
 /// A tap chooses a row strictly between these.
 constexpr std::int32_t kTapZoneLeft = kScreenCentreX - 60;
 constexpr std::int32_t kTapZoneRight = kScreenCentreX + 60;
-constexpr std::int32_t kSlideMs = 300;
+constexpr Ms kSlideMs = 300;
 constexpr std::int32_t kNoRow = -1;
 
 /// A number beyond every screen, and well within an integer's range.
@@ -52,12 +52,12 @@ void MenuWidget::open(MenuListener *newListener)
 
 void MenuWidget::addItem(const std::u16string &text) { items.push_back(text); }
 
-std::int32_t MenuWidget::slideDistance(std::uint32_t now) const
+std::int32_t MenuWidget::slideDistance(Tick now) const
 {
-    return static_cast<std::int32_t>(now - startTick) * leftCap.width() / kSlideMs;
+    return msBetween(startTick, now) * leftCap.width() / kSlideMs;
 }
 
-void MenuWidget::update(std::uint32_t now)
+void MenuWidget::update(Tick now)
 {
     if (state == State::Opening) {
         progress = slideDistance(now);

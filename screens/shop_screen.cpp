@@ -67,7 +67,7 @@ constexpr Offer kOffers[] = {
      2000,
      {106, 56, 170, 82},
      [](GameState &state) {
-         state.missileTravelTime = static_cast<std::int32_t>(state.missileTravelTime * kPropulsionFactor);
+         state.missileTravelTime = static_cast<Ms>(state.missileTravelTime * kPropulsionFactor);
      },
      u"$2000",
      u"Missile propulsion system",

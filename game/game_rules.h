@@ -11,8 +11,8 @@ namespace mygame
 struct Asteroid;
 struct GameState;
 
-/// The referee: starts games, runs a simulation step a frame, and decides when asteroids come and when a game
-/// is over. All that it changes lives in the game state; what it decides it posts.
+/// The referee: starts games and runs a simulation step a frame; the mode decides when asteroids come and
+/// when a game is over. All that it changes lives in the game state; what it decides it posts.
 class GameRules : public EventListener
 {
 public:
@@ -27,20 +27,30 @@ public:
 
     bool onEvent(const Event &event) override;
 
+    // For the modes' steps.
+
+    /// Lets so many asteroids come at once, none when that is below 1.
+    void spawnAsteroids(std::int32_t count);
+
+    /// Stops the game's clocks until the next `ResumeEvent`. A step that runs is not cut short.
+    void pause();
+
+    /// Game time at a tick: pauses do not count.
+    Ms gameTime(Tick now) const { return msBetween(gameStart, now); }
+
+    /// True after the moment at which more asteroids are due. That moves on only by `delayNextSpawn`.
+    bool isSpawnDue(Tick now) const { return asDue(nextSpawn) < asDue(now); }
+
+    /// Counts from the due moment, not from now: after a long frame what was missed comes, a spawn a step.
+    void delayNextSpawn(Ms interval) { nextSpawn = tickAfter(nextSpawn, interval); }
+
 private:
-    // The game's course.
     void newGame();
     void updateWorld(Tick now);
-    void survivalStep(Tick now);
-    void campaignStep();
-    void launchGroup();
-    void completeWave();
-    void pause();
     void resume();
 
-    // The world.
+    // Single objects.
     void spawnAsteroid();
-    void spawnAsteroids(std::int32_t count);
     void fireMissile(std::int32_t x, std::int32_t y);
     void checkDirectHits();
     void detonateMissile(std::int32_t id);
@@ -53,7 +63,7 @@ private:
     std::int32_t nextId = 0; ///< The last id given to an asteroid or missile.
     Tick pauseStart = 0;
     Tick gameStart = 0;
-    Tick nextSpawn = 0; ///< When the next survival spawn is due.
+    Tick nextSpawn = 0; ///< After this more asteroids are due.
     bool paused = false;
 };
 

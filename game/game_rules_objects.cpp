@@ -102,7 +102,7 @@ void GameRules::detonateMissile(std::int32_t id)
 void GameRules::destroyAsteroid(std::int32_t id)
 {
     const bool removed = state->asteroids.erase(id) != 0;
-    if (removed && state->mode == GameMode::TimeAttack)
+    if (removed && rulesOf(state->mode).replacesAsteroids)
         spawnAsteroid();
 }
 

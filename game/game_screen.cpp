@@ -8,7 +8,6 @@
 #include "graphics/image_loading.h"
 #include "platform/clock.h"
 #include "platform/sound.h"
-#include "platform/text.h"
 #include "screens/screen_names.h"
 #include "shell/application.h"
 #include "shell/event_bus.h"
@@ -32,12 +31,9 @@ constexpr Look kAsteroidLooks[] = {
     {u"asteroid4.png", 180},
 };
 
-/// The menu button lies to the right of and below this.
-constexpr std::int32_t kMenuButtonX = 210;
-constexpr std::int32_t kMenuButtonY = 290;
-/// The nuke button lies to the left of and below this.
-constexpr std::int32_t kNukeButtonX = 33;
-constexpr std::int32_t kNukeButtonY = 296;
+// A zone goes on to the screen's edge, and a tap may lie beyond that.
+constexpr std::int32_t kNoLeftEdge = -1;
+constexpr std::int32_t kNoRightEdge = INT32_MAX;
 
 constexpr std::uint32_t kSoundGapMs = 100;
 
@@ -68,12 +64,17 @@ void startLooping(AnimatedSprite &sprite)
 
 } // namespace
 
+constinit const GameScreen::Button GameScreen::kButtons[] = {
+    {u"nuke.png", {7, 296}, {kNoLeftEdge, 33, 296}, [](GameScreen &) { bus().post<NukeEvent>(); }},
+    {u"menu.png", {210, 290}, {210, kNoRightEdge, 290}, [](GameScreen &screen) { screen.openGameMenu(); }},
+};
+
 GameScreen::GameScreen()
 {
     static_assert(std::size(kAsteroidLooks) == kAsteroidKinds);
     loadPicture(background, u"bg.jpg");
-    loadButton(nukeButton, u"nuke.png");
-    loadButton(menuButton, u"menu.png");
+    for (int i = 0; i < kButtonCount; ++i)
+        loadButton(buttonPictures[i], kButtons[i].file);
     loadSprite(missileSprite, kMissileLook, kBlack);
     startLooping(missileSprite);
     for (int i = 0; i < kAsteroidKinds; ++i) {
@@ -103,34 +104,53 @@ bool GameScreen::activate(Application *current)
 
 void GameScreen::keyDown(std::uint16_t) { application->requestStop(); }
 
+const GameScreen::Button *GameScreen::buttonAt(std::int32_t x, std::int32_t y)
+{
+    for (const Button &button : kButtons) {
+        const TapZone &zone = button.zone;
+        if (x > zone.left && x < zone.right && y > zone.top)
+            return &button;
+    }
+    return nullptr;
+}
+
 void GameScreen::pointerDown(std::uint16_t x, std::uint16_t y)
 {
     if (menuOpen)
         state->menu.onPointer(x, y);
-    else if (x > kMenuButtonX && y > kMenuButtonY)
-        openGameMenu();
-    else if (x < kNukeButtonX && y > kNukeButtonY)
-        bus().post<NukeEvent>();
+    else if (const Button *button = buttonAt(x, y))
+        button->press(*this);
     else
         bus().post<FireEvent>(x, y);
 }
+
+constinit const GameScreen::MenuRow GameScreen::kMenuRows[] = {
+    {u"Resume",
+     [](GameScreen &screen) {
+         bus().post<ResumeEvent>();
+         screen.menuOpen = false;
+     }},
+    {u"Main menu",
+     [](GameScreen &screen) {
+         // Kept: the menu stays open and the game paused until the next activation.
+         screen.application->setScreen(screen_names::kMainMenu);
+     }},
+};
 
 void GameScreen::openGameMenu()
 {
     bus().post<PauseEvent>();
     menuOpen = true;
     state->menu.open(this);
-    state->menu.addItem(u"Resume");
-    state->menu.addItem(u"Main menu");
+    for (const MenuRow &row : kMenuRows)
+        state->menu.addItem(row.text);
 }
 
 void GameScreen::itemChosen(std::u16string text)
 {
-    if (text == u"Resume") {
-        bus().post<ResumeEvent>();
-        menuOpen = false;
-    } else if (text == u"Main menu") {
-        application->setScreen(screen_names::kMainMenu);
+    for (const MenuRow &row : kMenuRows) {
+        if (text == row.text)
+            return row.choose(*this);
     }
 }
 
@@ -234,32 +254,15 @@ void GameScreen::playExplosionSound() const
 
 void GameScreen::endGame()
 {
-    const std::int32_t health = state->player.health;
-    switch (state->mode) {
-    case GameMode::TimeAttack:
-        if (health > 0)
-            showMessage(u"Asteroids destroyed: %d", state->asteroidsDestroyed);
-        else
-            showGameOver();
-        break;
-    case GameMode::Survival:
-        showMessage(u"You survived for %d seconds", state->elapsedMs / kMsPerSecond);
-        break;
-    case GameMode::Campaign:
-        if (health < 1)
-            showGameOver();
-        else
-            showMessage(u"You have saved the Earth", 0);
-        break;
-    case GameMode::None:
-        break;
-    }
+    const Ending ending = rulesOf(state->mode).ending(*state);
+    if (ending.kind == Ending::Kind::Message)
+        showMessage(ending.message);
+    else if (ending.kind == Ending::Kind::GameOver)
+        showGameOver();
 }
 
-void GameScreen::showMessage(const char16_t *format, std::int32_t number)
+void GameScreen::showMessage(const std::u16string &text)
 {
-    char16_t text[platform::kMaxFormattedText];
-    platform::wsprintfW(text, format, number);
     state->messageScreen.setMessage(text, application->findScreen(screen_names::kMainMenu));
     application->setScreen(screen_names::kMessage);
 }

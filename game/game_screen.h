@@ -37,8 +37,33 @@ public:
     void itemChosen(std::u16string text) override;
 
 private:
-    static constexpr int kAsteroidKinds = 4;
+    /// Strictly between left and right and below the top: an edge does not count.
+    struct TapZone {
+        std::int32_t left, right, top;
+    };
 
+    struct Button {
+        const char16_t *file;
+        struct {
+            std::int32_t x, y;
+        } topLeft; ///< Of its picture.
+        TapZone zone;
+        void (*press)(GameScreen &screen);
+    };
+
+    /// A row of the in-game menu.
+    struct MenuRow {
+        const char16_t *text;
+        void (*choose)(GameScreen &screen);
+    };
+
+    static constexpr int kButtonCount = 2;
+    static constexpr int kAsteroidKinds = 4;
+    static const Button kButtons[kButtonCount];
+    static const MenuRow kMenuRows[2];
+
+    /// Null where a tap goes to the playfield.
+    static const Button *buttonAt(std::int32_t x, std::int32_t y);
     void openGameMenu();
     void updateAnimations(Tick now);
     void dressAsteroid(std::int32_t id);
@@ -46,16 +71,14 @@ private:
     void spawnExplosion(std::int32_t x, std::int32_t y);
     void playExplosionSound() const;
     void endGame();
-    void showMessage(const char16_t *format, std::int32_t number);
+    void showMessage(const std::u16string &text);
     void showGameOver();
 
     void renderWorld(Surface &target) const;
     void renderTexts(Surface &target) const;
-    void renderClock(Surface &target) const;
 
     Surface background;
-    Surface nukeButton;
-    Surface menuButton;
+    Surface buttonPictures[kButtonCount];
     AnimatedSprite missileSprite;
     AnimatedSprite asteroidSprites[kAsteroidKinds];
     AnimatedSprite explosionSprite;

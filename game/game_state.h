@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 
+#include "game/modes.h"
 #include "game/objects.h"
 #include "game/player.h"
 #include "graphics/bitmap_font.h"
@@ -13,25 +14,6 @@
 
 namespace mygame
 {
-
-enum class GameMode : std::int32_t {
-    None = 0, ///< Before the first choice.
-    Campaign = 1,
-    Survival = 2,
-    TimeAttack = 3,
-};
-
-enum class Difficulty : std::int32_t {
-    None = 0, ///< Before the first choice.
-    Easy = 1,
-    Medium = 2,
-    Hard = 3,
-};
-
-constexpr Ms kMsPerSecond = 1000;
-
-/// Game time that a time attack lasts.
-constexpr Ms kTimeAttackMs = 20000;
 
 /// The one record of the current game and of what several screens show. The keys of the three tables are the
 /// records' ids, which only grow, so every pass visits the oldest record first.

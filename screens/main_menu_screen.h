@@ -33,13 +33,21 @@ public:
     void itemChosen(std::u16string text) override;
 
 private:
+    /// A row of the first list.
+    struct TopRow {
+        const char16_t *text;
+        bool (*isShown)(const GameState &state);
+        void (*choose)(MainMenuScreen &menu);
+    };
+
+    static const TopRow kTopRows[5];
+
     void showTopList();
     void showModeList();
     void showDifficultyList();
     void switchSound(bool on);
     void chooseMode(GameMode mode);
     void startGame(Difficulty difficulty);
-    bool canResume() const;
 
     Application *application = nullptr;
     Surface background;

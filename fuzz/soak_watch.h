@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-#include "shell/event_listener.h"
+#include "shell/event_bus.h"
 #include "shell/startup.h"
 
 namespace soak

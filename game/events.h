@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "shell/event.h"
+#include "shell/event_bus.h"
 
 namespace mygame
 {

@@ -1,7 +1,5 @@
 #include "game/game_rules.h"
 
-#include <cstddef>
-
 #include "game/events.h"
 #include "game/game_state.h"
 #include "game/physics.h"
@@ -13,43 +11,10 @@ namespace mygame
 namespace
 {
 
-constexpr std::int32_t kStartFlightMs = 4000;
-constexpr std::int32_t kStartTravelTime = 2000;
-
-constexpr std::uint32_t kFirstSpawnMs = 5000;
-constexpr std::int32_t kSlowestSpawnMs = 4000;
-constexpr std::int32_t kFastestSpawnMs = 2000;
-/// The spawn interval falls from the slowest to the fastest in this time.
-constexpr std::int32_t kSpeedUpSeconds = 180;
-constexpr std::int32_t kSecondsPerExtraAsteroid = 40;
-
-constexpr std::int32_t kGroupsPerWave = 5;
-constexpr std::int32_t kWaves = 15;
-constexpr std::int32_t kFlightMsLessPerWave = 120;
-/// Above "Easy", groups grow after each wave before this one.
-constexpr std::int32_t kGrowthEndWave = 10;
-
-/// A number for each mode and difficulty.
-using ModeTable = std::int32_t[3][3];
-constexpr ModeTable kInitialAsteroids = {{1, 2, 3}, {2, 2, 2}, {3, 7, 10}};
-constexpr ModeTable kMissileSlots = {{1, 1, 1}, {3, 2, 1}, {1, 2, 3}};
-
-std::int32_t lookUp(const ModeTable &table, const GameState &state)
-{
-    return table[static_cast<std::size_t>(state.mode) - 1][static_cast<std::size_t>(state.difficulty) - 1];
-}
-
-std::int32_t spawnInterval(std::int32_t seconds)
-{
-    if (seconds > kSpeedUpSeconds)
-        return kFastestSpawnMs;
-    return kSlowestSpawnMs - seconds * (kSlowestSpawnMs - kFastestSpawnMs) / kSpeedUpSeconds;
-}
-
-bool groupsGrow(Difficulty difficulty, std::int32_t completedWave)
-{
-    return difficulty == Difficulty::Easy ? completedWave % 2 != 0 : completedWave < kGrowthEndWave;
-}
+constexpr Ms kStartFlightMs = 4000;
+constexpr Ms kStartTravelTime = 2000;
+/// Until the first asteroids come by themselves, in the modes where they do.
+constexpr Ms kFirstSpawnMs = 5000;
 
 } // namespace
 
@@ -100,11 +65,12 @@ bool GameRules::onEvent(const Event &event)
 
 void GameRules::newGame()
 {
-    const std::uint32_t now = platform::GetTickCount();
+    const ModeRules &mode = rulesOf(state->mode);
+    const Tick now = platform::GetTickCount();
     paused = false;
-    nextSpawn = now + kFirstSpawnMs;
+    nextSpawn = tickAfter(now, kFirstSpawnMs);
     gameStart = now;
-    state->groupSize = static_cast<std::int32_t>(state->difficulty);
+    state->groupSize = rulesOf(state->difficulty).firstGroupSize;
     state->asteroidFlightMs = kStartFlightMs;
     state->wave = 1;
     state->groupsThisWave = 0;
@@ -118,72 +84,23 @@ void GameRules::newGame()
     player.money = 0;
     player.orbitStart = platform::GetTickCount();
     player.health = Player::kFullHealth;
-    player.missileSlots = lookUp(kMissileSlots, *state);
+    player.missileSlots = chosenBy(state->difficulty, mode.missileSlots);
     player.nukes = 0;
-    spawnAsteroids(lookUp(kInitialAsteroids, *state));
+    spawnAsteroids(chosenBy(state->difficulty, mode.asteroids));
 }
 
-void GameRules::updateWorld(std::uint32_t now)
+void GameRules::updateWorld(Tick now)
 {
     if (paused)
         return;
-    if (state->mode == GameMode::TimeAttack && state->elapsedMs > kTimeAttackMs)
-        EventBus::instance().post<GameEndedEvent>();
-    else if (state->mode == GameMode::Survival)
-        survivalStep(now);
-    else if (state->mode == GameMode::Campaign)
-        campaignStep();
-    state->elapsedMs = static_cast<std::int32_t>(now - gameStart);
+    rulesOf(state->mode).step(*this, *state, now);
+    state->elapsedMs = gameTime(now);
     for (auto &[id, asteroid] : state->asteroids)
         moveAsteroid(asteroid, now);
     for (auto &[id, missile] : state->missiles)
         moveMissile(missile, now);
     checkDirectHits();
     state->player.updateOrbit(now);
-}
-
-void GameRules::survivalStep(std::uint32_t now)
-{
-    if (static_cast<std::int32_t>(nextSpawn) < static_cast<std::int32_t>(now)) {
-        const std::int32_t seconds = static_cast<std::int32_t>(now - gameStart) / kMsPerSecond;
-        // From the due time, not from now: after a long frame the schedule catches up, a spawn a step.
-        nextSpawn += static_cast<std::uint32_t>(spawnInterval(seconds));
-        spawnAsteroid();
-        spawnAsteroids(seconds / kSecondsPerExtraAsteroid + 1);
-    }
-    if (state->player.health <= 0)
-        EventBus::instance().post<GameEndedEvent>();
-}
-
-void GameRules::campaignStep()
-{
-    if (state->asteroids.empty())
-        launchGroup();
-    if (state->player.health <= 0)
-        EventBus::instance().post<GameEndedEvent>();
-}
-
-void GameRules::launchGroup()
-{
-    ++state->groupsThisWave;
-    spawnAsteroids(state->groupSize);
-    if (state->groupsThisWave >= kGroupsPerWave)
-        completeWave();
-}
-
-void GameRules::completeWave()
-{
-    if (groupsGrow(state->difficulty, state->wave))
-        ++state->groupSize;
-    state->asteroidFlightMs -= kFlightMsLessPerWave;
-    ++state->wave;
-    state->groupsThisWave = 0;
-    if (state->wave > kWaves) {
-        EventBus::instance().post<GameEndedEvent>();
-        return;
-    }
-    pause();
-    EventBus::instance().post<WaveCompleteEvent>();
 }
 
 void GameRules::pause()
@@ -194,15 +111,17 @@ void GameRules::pause()
 
 void GameRules::resume()
 {
-    // Applied also when nothing was paused: every activation of the game screen resumes.
-    const std::uint32_t pausedMs = platform::GetTickCount() - pauseStart;
+    // Kept: applied also when nothing was paused, since every activation of the game screen resumes. The
+    // clocks then move on by the time since the last pause.
+    const Ms pausedMs = msBetween(pauseStart, platform::GetTickCount());
+    const auto postpone = [pausedMs](Tick &tick) { tick = tickAfter(tick, pausedMs); };
     for (auto &[id, asteroid] : state->asteroids)
-        asteroid.spawnTime += pausedMs;
+        postpone(asteroid.spawnTime);
     for (auto &[id, missile] : state->missiles)
-        missile.launchTime += pausedMs;
-    state->player.orbitStart += pausedMs;
-    gameStart += pausedMs;
-    nextSpawn += pausedMs;
+        postpone(missile.launchTime);
+    postpone(state->player.orbitStart);
+    postpone(gameStart);
+    postpone(nextSpawn);
     paused = false;
 }
 

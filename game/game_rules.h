@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-#include "shell/event_listener.h"
+#include "graphics/ticks.h"
+#include "shell/event_bus.h"
 
 namespace mygame
 {
@@ -10,8 +11,8 @@ namespace mygame
 struct Asteroid;
 struct GameState;
 
-/// The referee: starts games, runs a simulation step a frame, and decides when asteroids come and when a game
-/// is over. All that it changes lives in the game state; what it decides it posts.
+/// The referee: starts games and runs a simulation step a frame; the mode decides when asteroids come and
+/// when a game is over. All that it changes lives in the game state; what it decides it posts.
 class GameRules : public EventListener
 {
 public:
@@ -26,20 +27,30 @@ public:
 
     bool onEvent(const Event &event) override;
 
-private:
-    // The game's course.
-    void newGame();
-    void updateWorld(std::uint32_t now);
-    void survivalStep(std::uint32_t now);
-    void campaignStep();
-    void launchGroup();
-    void completeWave();
+    // For the modes' steps.
+
+    /// Lets so many asteroids come at once, none when that is below 1.
+    void spawnAsteroids(std::int32_t count);
+
+    /// Stops the game's clocks until the next `ResumeEvent`. A step that runs is not cut short.
     void pause();
+
+    /// Game time at a tick: pauses do not count.
+    Ms gameTime(Tick now) const { return msBetween(gameStart, now); }
+
+    /// True after the moment at which more asteroids are due. That moves on only by `delayNextSpawn`.
+    bool isSpawnDue(Tick now) const { return asDue(nextSpawn) < asDue(now); }
+
+    /// Counts from the due moment, not from now: after a long frame what was missed comes, a spawn a step.
+    void delayNextSpawn(Ms interval) { nextSpawn = tickAfter(nextSpawn, interval); }
+
+private:
+    void newGame();
+    void updateWorld(Tick now);
     void resume();
 
-    // The world.
+    // Single objects.
     void spawnAsteroid();
-    void spawnAsteroids(std::int32_t count);
     void fireMissile(std::int32_t x, std::int32_t y);
     void checkDirectHits();
     void detonateMissile(std::int32_t id);
@@ -50,9 +61,9 @@ private:
 
     GameState *state = nullptr;
     std::int32_t nextId = 0; ///< The last id given to an asteroid or missile.
-    std::uint32_t pauseStart = 0;
-    std::uint32_t gameStart = 0;
-    std::uint32_t nextSpawn = 0; ///< Tick at which the next survival spawn is due.
+    Tick pauseStart = 0;
+    Tick gameStart = 0;
+    Tick nextSpawn = 0; ///< After this more asteroids are due.
     bool paused = false;
 };
 

@@ -8,7 +8,7 @@
 #include "graphics/image_loading.h"
 #include "platform/clock.h"
 #include "platform/sound.h"
-#include "platform/text.h"
+#include "screens/screen_names.h"
 #include "shell/application.h"
 #include "shell/event_bus.h"
 
@@ -19,7 +19,7 @@ namespace
 
 struct Look {
     const char16_t *file;
-    std::int32_t frameTimeMs;
+    Ms frameTimeMs;
 };
 
 constexpr Look kMissileLook = {u"missile.png", 300};
@@ -31,17 +31,14 @@ constexpr Look kAsteroidLooks[] = {
     {u"asteroid4.png", 180},
 };
 
-/// The menu button lies to the right of and below this.
-constexpr std::int32_t kMenuButtonX = 210;
-constexpr std::int32_t kMenuButtonY = 290;
-/// The nuke button lies to the left of and below this.
-constexpr std::int32_t kNukeButtonX = 33;
-constexpr std::int32_t kNukeButtonY = 296;
+// A zone goes on to the screen's edge, and a tap may lie beyond that.
+constexpr std::int32_t kNoLeftEdge = -1;
+constexpr std::int32_t kNoRightEdge = INT32_MAX;
 
 constexpr std::uint32_t kSoundGapMs = 100;
 
-/// Tick of the last explosion sound. Of the process: it goes on through all games.
-std::uint32_t lastExplosionSound = 0;
+/// When the last explosion sound began. Of the process: it goes on through all games.
+Tick lastExplosionSound = 0;
 
 EventBus &bus() { return EventBus::instance(); }
 
@@ -67,12 +64,17 @@ void startLooping(AnimatedSprite &sprite)
 
 } // namespace
 
+constinit const GameScreen::Button GameScreen::kButtons[] = {
+    {u"nuke.png", {7, 296}, {kNoLeftEdge, 33, 296}, [](GameScreen &) { bus().post<NukeEvent>(); }},
+    {u"menu.png", {210, 290}, {210, kNoRightEdge, 290}, [](GameScreen &screen) { screen.openGameMenu(); }},
+};
+
 GameScreen::GameScreen()
 {
     static_assert(std::size(kAsteroidLooks) == kAsteroidKinds);
     loadPicture(background, u"bg.jpg");
-    loadButton(nukeButton, u"nuke.png");
-    loadButton(menuButton, u"menu.png");
+    for (int i = 0; i < kButtonCount; ++i)
+        loadButton(buttonPictures[i], kButtons[i].file);
     loadSprite(missileSprite, kMissileLook, kBlack);
     startLooping(missileSprite);
     for (int i = 0; i < kAsteroidKinds; ++i) {
@@ -102,38 +104,57 @@ bool GameScreen::activate(Application *current)
 
 void GameScreen::keyDown(std::uint16_t) { application->requestStop(); }
 
+const GameScreen::Button *GameScreen::buttonAt(std::int32_t x, std::int32_t y)
+{
+    for (const Button &button : kButtons) {
+        const TapZone &zone = button.zone;
+        if (x > zone.left && x < zone.right && y > zone.top)
+            return &button;
+    }
+    return nullptr;
+}
+
 void GameScreen::pointerDown(std::uint16_t x, std::uint16_t y)
 {
     if (menuOpen)
         state->menu.onPointer(x, y);
-    else if (x > kMenuButtonX && y > kMenuButtonY)
-        openGameMenu();
-    else if (x < kNukeButtonX && y > kNukeButtonY)
-        bus().post<NukeEvent>();
+    else if (const Button *button = buttonAt(x, y))
+        button->press(*this);
     else
         bus().post<FireEvent>(x, y);
 }
+
+constinit const GameScreen::MenuRow GameScreen::kMenuRows[] = {
+    {u"Resume",
+     [](GameScreen &screen) {
+         bus().post<ResumeEvent>();
+         screen.menuOpen = false;
+     }},
+    {u"Main menu",
+     [](GameScreen &screen) {
+         // Kept: the menu stays open and the game paused until the next activation.
+         screen.application->setScreen(screen_names::kMainMenu);
+     }},
+};
 
 void GameScreen::openGameMenu()
 {
     bus().post<PauseEvent>();
     menuOpen = true;
     state->menu.open(this);
-    state->menu.addItem(u"Resume");
-    state->menu.addItem(u"Main menu");
+    for (const MenuRow &row : kMenuRows)
+        state->menu.addItem(row.text);
 }
 
 void GameScreen::itemChosen(std::u16string text)
 {
-    if (text == u"Resume") {
-        bus().post<ResumeEvent>();
-        menuOpen = false;
-    } else if (text == u"Main menu") {
-        application->setScreen("MAIN_MENU");
+    for (const MenuRow &row : kMenuRows) {
+        if (text == row.text)
+            return row.choose(*this);
     }
 }
 
-void GameScreen::update(std::uint32_t now)
+void GameScreen::update(Tick now)
 {
     bus().post<TickEvent>();
     bus().dispatchAll();
@@ -144,7 +165,7 @@ void GameScreen::update(std::uint32_t now)
         updateAnimations(now);
 }
 
-void GameScreen::updateAnimations(std::uint32_t now)
+void GameScreen::updateAnimations(Tick now)
 {
     for (auto &[id, explosion] : state->explosions) {
         if (explosion.sprite.isFinished())
@@ -182,7 +203,7 @@ bool GameScreen::onEvent(const Event &event)
         endGame();
         break;
     case kWaveComplete:
-        application->setScreen("SHOP");
+        application->setScreen(screen_names::kShop);
         break;
     case kNukeFlash:
         nukeFlashStart = platform::GetTickCount();
@@ -233,40 +254,23 @@ void GameScreen::playExplosionSound() const
 
 void GameScreen::endGame()
 {
-    const std::int32_t health = state->player.health;
-    switch (state->mode) {
-    case GameMode::TimeAttack:
-        if (health > 0)
-            showMessage(u"Asteroids destroyed: %d", state->asteroidsDestroyed);
-        else
-            showGameOver();
-        break;
-    case GameMode::Survival:
-        showMessage(u"You survived for %d seconds", state->elapsedMs / kMsPerSecond);
-        break;
-    case GameMode::Campaign:
-        if (health < 1)
-            showGameOver();
-        else
-            showMessage(u"You have saved the Earth", 0);
-        break;
-    case GameMode::None:
-        break;
-    }
+    const Ending ending = rulesOf(state->mode).ending(*state);
+    if (ending.kind == Ending::Kind::Message)
+        showMessage(ending.message);
+    else if (ending.kind == Ending::Kind::GameOver)
+        showGameOver();
 }
 
-void GameScreen::showMessage(const char16_t *format, std::int32_t number)
+void GameScreen::showMessage(const std::u16string &text)
 {
-    char16_t text[platform::kMaxFormattedText];
-    platform::wsprintfW(text, format, number);
-    state->messageScreen.setMessage(text, application->findScreen("MAIN_MENU"));
-    application->setScreen("MESSAGE");
+    state->messageScreen.setMessage(text, application->findScreen(screen_names::kMainMenu));
+    application->setScreen(screen_names::kMessage);
 }
 
 void GameScreen::showGameOver()
 {
-    state->animScreen.setScreens(this, application->findScreen("GAME_OVER"));
-    application->setScreen("ANIMSCREEN");
+    state->animScreen.setScreens(this, application->findScreen(screen_names::kGameOver));
+    application->setScreen(screen_names::kAnimation);
 }
 
 } // namespace mygame

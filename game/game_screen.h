@@ -6,7 +6,7 @@
 #include "graphics/animated_sprite.h"
 #include "graphics/surface.h"
 #include "screens/menu_listener.h"
-#include "shell/event_listener.h"
+#include "shell/event_bus.h"
 #include "shell/screen.h"
 
 namespace mygame
@@ -28,7 +28,7 @@ public:
     void link(GameState *gameState);
 
     void render(Surface &target) override;
-    void update(std::uint32_t now) override;
+    void update(Tick now) override;
     void keyDown(std::uint16_t key) override;
     void pointerDown(std::uint16_t x, std::uint16_t y) override;
     bool activate(Application *current) override;
@@ -37,32 +37,55 @@ public:
     void itemChosen(std::u16string text) override;
 
 private:
-    static constexpr int kAsteroidKinds = 4;
+    /// Strictly between left and right and below the top: an edge does not count.
+    struct TapZone {
+        std::int32_t left, right, top;
+    };
 
+    struct Button {
+        const char16_t *file;
+        struct {
+            std::int32_t x, y;
+        } topLeft; ///< Of its picture.
+        TapZone zone;
+        void (*press)(GameScreen &screen);
+    };
+
+    /// A row of the in-game menu.
+    struct MenuRow {
+        const char16_t *text;
+        void (*choose)(GameScreen &screen);
+    };
+
+    static constexpr int kButtonCount = 2;
+    static constexpr int kAsteroidKinds = 4;
+    static const Button kButtons[kButtonCount];
+    static const MenuRow kMenuRows[2];
+
+    /// Null where a tap goes to the playfield.
+    static const Button *buttonAt(std::int32_t x, std::int32_t y);
     void openGameMenu();
-    void updateAnimations(std::uint32_t now);
+    void updateAnimations(Tick now);
     void dressAsteroid(std::int32_t id);
     void dressMissile(std::int32_t id);
     void spawnExplosion(std::int32_t x, std::int32_t y);
     void playExplosionSound() const;
     void endGame();
-    void showMessage(const char16_t *format, std::int32_t number);
+    void showMessage(const std::u16string &text);
     void showGameOver();
 
     void renderWorld(Surface &target) const;
     void renderTexts(Surface &target) const;
-    void renderClock(Surface &target) const;
 
     Surface background;
-    Surface nukeButton;
-    Surface menuButton;
+    Surface buttonPictures[kButtonCount];
     AnimatedSprite missileSprite;
     AnimatedSprite asteroidSprites[kAsteroidKinds];
     AnimatedSprite explosionSprite;
     Application *application = nullptr;
     GameState *state = nullptr;
     std::int32_t explosionCounter = 0; ///< The last id given to an explosion.
-    std::uint32_t nukeFlashStart = 0;  ///< Tick of the last nuke.
+    Tick nukeFlashStart = 0;           ///< When the last nuke went off.
     bool menuOpen = false;
 };
 

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <map>
 
-#include "game/asteroid.h"
-#include "game/explosion.h"
-#include "game/missile.h"
+#include "game/modes.h"
+#include "game/objects.h"
 #include "game/player.h"
 #include "graphics/bitmap_font.h"
+#include "graphics/ticks.h"
 #include "screens/anim_screen.h"
 #include "screens/menu_widget.h"
 #include "screens/message_screen.h"
@@ -15,29 +15,10 @@
 namespace mygame
 {
 
-enum class GameMode : std::int32_t {
-    None = 0, ///< Before the first choice.
-    Campaign = 1,
-    Survival = 2,
-    TimeAttack = 3,
-};
-
-enum class Difficulty : std::int32_t {
-    None = 0, ///< Before the first choice.
-    Easy = 1,
-    Medium = 2,
-    Hard = 3,
-};
-
-constexpr std::int32_t kMsPerSecond = 1000;
-
-/// Milliseconds of game time that a time attack lasts.
-constexpr std::int32_t kTimeAttackMs = 20000;
-
 /// The one record of the current game and of what several screens show. The keys of the three tables are the
 /// records' ids, which only grow, so every pass visits the oldest record first.
 struct GameState {
-    std::int32_t elapsedMs = 0; ///< Game time at the last simulation step.
+    Ms elapsedMs = 0; ///< Game time at the last simulation step.
     std::int32_t asteroidsDestroyed = 0;
     GameMode mode = GameMode::None;
     Difficulty difficulty = Difficulty::None;
@@ -49,12 +30,12 @@ struct GameState {
     BitmapFont font;
     BitmapFont bigFont;
     MenuWidget menu;
-    std::int32_t wave = 0;              ///< Of the campaign, from 1.
-    std::int32_t groupsThisWave = 0;    ///< Launched so far.
-    std::int32_t asteroidFlightMs = 0;  ///< Of the next asteroid, from its start to its target.
-    std::int32_t groupSize = 0;         ///< Asteroids in a group of the campaign.
-    std::int32_t missileTravelTime = 0; ///< Milliseconds that a missile takes for 300 pixels.
-    std::uint8_t soundOn = 0;           ///< 0 or 1.
+    std::int32_t wave = 0;           ///< Of the campaign, from 1.
+    std::int32_t groupsThisWave = 0; ///< Launched so far.
+    Ms asteroidFlightMs = 0;         ///< Of the next asteroid, from its start to its target.
+    std::int32_t groupSize = 0;      ///< Asteroids in a group of the campaign.
+    Ms missileTravelTime = 0;        ///< What a missile takes for 300 pixels.
+    std::uint8_t soundOn = 0;        ///< 0 or 1.
     AnimScreen animScreen;
 };
 

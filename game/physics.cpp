@@ -22,12 +22,7 @@ constexpr std::int32_t kEarthHitDamage = 10;
 
 constexpr double kTravelUnitsPerPixel = 1.0 / 300;
 
-std::int32_t msSince(std::uint32_t start, std::uint32_t now)
-{
-    return static_cast<std::int32_t>(now - start);
-}
-
-std::int32_t along(std::int32_t from, std::int32_t to, std::int32_t ms, std::int32_t flightMs)
+std::int32_t along(std::int32_t from, std::int32_t to, Ms ms, Ms flightMs)
 {
     return from + (to - from) * ms / flightMs;
 }
@@ -41,9 +36,9 @@ std::int32_t earthEdge(std::int32_t x)
 
 } // namespace
 
-void moveAsteroid(Asteroid &asteroid, std::uint32_t now)
+void moveAsteroid(Asteroid &asteroid, Tick now)
 {
-    const std::int32_t ms = msSince(asteroid.spawnTime, now);
+    const Ms ms = msBetween(asteroid.spawnTime, now);
     asteroid.x = along(asteroid.startX, asteroid.targetX, ms, asteroid.flightMs);
     asteroid.y = along(asteroid.startY, asteroid.targetY, ms, asteroid.flightMs);
     if (asteroid.y > kEarthTop && asteroid.y > earthEdge(asteroid.x)) {
@@ -52,9 +47,9 @@ void moveAsteroid(Asteroid &asteroid, std::uint32_t now)
     }
 }
 
-void moveMissile(Missile &missile, std::uint32_t now)
+void moveMissile(Missile &missile, Tick now)
 {
-    const std::int32_t ms = msSince(missile.launchTime, now);
+    const Ms ms = msBetween(missile.launchTime, now);
     const bool flies = missile.flightMs > 0;
     if (flies) {
         missile.x = along(missile.startX, missile.targetX, ms, missile.flightMs);
@@ -69,11 +64,11 @@ bool inRange(const Asteroid &asteroid, const Missile &missile, std::int32_t radi
     return squaredLength(asteroid.x - missile.x, asteroid.y - missile.y) < radius * radius;
 }
 
-std::int32_t missileFlightMs(std::int32_t dx, std::int32_t dy, std::int32_t travelTime)
+Ms missileFlightMs(std::int32_t dx, std::int32_t dy, Ms travelTime)
 {
     // The square of a distance far outside the screen wraps, and may come out negative.
     const double squared = std::max(squaredLength(dx, dy), 0);
-    return static_cast<std::int32_t>(std::sqrt(squared) * kTravelUnitsPerPixel * travelTime);
+    return static_cast<Ms>(std::sqrt(squared) * kTravelUnitsPerPixel * travelTime);
 }
 
 } // namespace mygame

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "game/events.h"
+#include "graphics/screen_size.h"
 #include "shell/event_bus.h"
 
 namespace mygame
@@ -11,15 +12,15 @@ namespace
 {
 
 constexpr float kRadianPerMs = 0.002f;
-constexpr double kOrbitCentreX = 120;
-constexpr double kOrbitCentreY = 300;
+constexpr double kOrbitCentreX = kScreenCentreX;
+constexpr double kOrbitCentreY = kScreenHeight - 20;
 constexpr double kOrbitRadiusX = 30;
 constexpr double kOrbitRadiusY = 10;
 
 constexpr std::int32_t kGaugeLeft = 1;
 constexpr std::int32_t kGaugeRight = 5;
 constexpr std::int32_t kGaugeTop = 110;
-constexpr std::int32_t kGaugeBottom = 310;
+constexpr std::int32_t kGaugeBottom = kScreenHeight - 10;
 constexpr std::int32_t kGaugePixelsPerPoint = 2;
 
 /// The health whose bar would begin at y = 0.
@@ -27,9 +28,9 @@ constexpr std::int32_t kGaugeOrigin = kGaugeBottom / kGaugePixelsPerPoint;
 
 } // namespace
 
-void Player::updateOrbit(std::uint32_t now)
+void Player::updateOrbit(Tick now)
 {
-    const float angle = static_cast<float>(static_cast<std::int32_t>(now - orbitStart)) * kRadianPerMs;
+    const float angle = static_cast<float>(msBetween(orbitStart, now)) * kRadianPerMs;
     x = static_cast<std::int32_t>(std::cos(double{angle}) * kOrbitRadiusX + kOrbitCentreX);
     y = static_cast<std::int32_t>(std::sin(double{angle}) * kOrbitRadiusY + kOrbitCentreY);
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "graphics/surface.h"
+#include "graphics/ticks.h"
 
 namespace mygame
 {
@@ -18,13 +19,13 @@ struct Player {
     std::int32_t money = 0; ///< Dollars, never negative.
     std::int32_t x = 0;     ///< The satellite's centre, where missiles start.
     std::int32_t y = 0;
-    std::uint32_t orbitStart = 0;  ///< Tick at which the orbit's angle is zero.
+    Tick orbitStart = 0;           ///< When the orbit's angle is zero.
     std::int32_t health = 0;       ///< From `kFullHealth` down to 0, or `kNoGame`.
     std::int32_t missileSlots = 0; ///< Missiles that may be in flight at once.
     std::int32_t nukes = 0;
 
     /// Moves the satellite along its orbit to a tick.
-    void updateOrbit(std::uint32_t now);
+    void updateOrbit(Tick now);
 
     /// Takes damage from the Earth. Below 0 it stays at 0 and the game ends.
     void takeDamage(std::int32_t amount);

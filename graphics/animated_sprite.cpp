@@ -20,7 +20,7 @@ AnimatedSprite &AnimatedSprite::operator=(const AnimatedSprite &other)
 
 AnimatedSprite::~AnimatedSprite() { release(); }
 
-bool AnimatedSprite::load(const std::u16string &path, std::int32_t newFrameTimeMs)
+bool AnimatedSprite::load(const std::u16string &path, Ms newFrameTimeMs)
 {
     release();
     shareCount.begin();
@@ -63,18 +63,18 @@ void AnimatedSprite::release()
     frameCount_ = 0;
 }
 
-void AnimatedSprite::start(std::uint32_t tick, std::int32_t loops)
+void AnimatedSprite::start(Tick tick, std::int32_t loops)
 {
     startTick = tick;
     loopsLeft = loops;
 }
 
-void AnimatedSprite::update(std::uint32_t tick)
+void AnimatedSprite::update(Tick tick)
 {
     if (frameTimeMs == 0 || frameCount_ < 1 || loopsLeft == 0)
         return;
     const std::int32_t previous = currentFrame_;
-    const std::int32_t index = static_cast<std::int32_t>(tick - startTick) / frameTimeMs % frameCount_;
+    const std::int32_t index = msBetween(startTick, tick) / frameTimeMs % frameCount_;
     currentFrame_ = index;
     if (previous > index && loopsLeft > 0)
         --loopsLeft;

@@ -6,6 +6,7 @@
 
 #include "graphics/share_count.h"
 #include "graphics/surface.h"
+#include "graphics/ticks.h"
 
 namespace mygame
 {
@@ -30,16 +31,16 @@ public:
 
     /// Cuts the frames from a picture file, each to be shown for frameTimeMs. The path is a full one.
     /// @return false, without frames, when the picture cannot be loaded or has no rows.
-    bool load(const std::u16string &path, std::int32_t frameTimeMs);
+    bool load(const std::u16string &path, Ms frameTimeMs);
 
     /// Gives up this sprite's share of the frames; it draws nothing then.
     void release();
 
     /// Plays from `tick` on: `loops` times, for ever when that is negative.
-    void start(std::uint32_t tick, std::int32_t loops);
+    void start(Tick tick, std::int32_t loops);
 
     /// Chooses the frame for a tick. A step from a later frame back to an earlier one ends a loop.
-    void update(std::uint32_t tick);
+    void update(Tick tick);
 
     /// True when no loops are left, as before the first `start`.
     bool isFinished() const { return loopsLeft == 0; }
@@ -63,10 +64,10 @@ private:
     void cutFrames(const Surface &strip);
 
     std::vector<Surface *> frames; ///< Shared; deleted by the last holder.
-    std::int32_t frameTimeMs = 0;
+    Ms frameTimeMs = 0;
     std::int32_t frameCount_ = 0;
     std::int32_t currentFrame_ = 0;
-    std::uint32_t startTick = 0;
+    Tick startTick = 0;
     std::int32_t loopsLeft = 0;
     ShareCount shareCount;
 };

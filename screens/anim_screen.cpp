@@ -1,17 +1,11 @@
 #include "screens/anim_screen.h"
 
+#include "graphics/screen_size.h"
 #include "platform/clock.h"
 #include "shell/application.h"
 
 namespace mygame
 {
-namespace
-{
-
-constexpr std::int32_t kScreenWidth = 240;
-constexpr std::int32_t kScreenHeight = 320;
-
-} // namespace
 
 AnimScreen::AnimScreen() { buffer.create(kScreenWidth, kScreenHeight); }
 
@@ -28,9 +22,9 @@ void AnimScreen::render(Surface &target)
     buffer.blitTo(target, 0, offset);
 }
 
-void AnimScreen::update(std::uint32_t now)
+void AnimScreen::update(Tick now)
 {
-    offset = kScreenHeight - static_cast<std::int32_t>(now - startTick);
+    offset = kScreenHeight - msBetween(startTick, now);
     if (offset <= 0)
         application->setCurrentScreen(to);
 }

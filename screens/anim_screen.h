@@ -19,7 +19,7 @@ public:
     void setScreens(Screen *staying, Screen *incoming);
 
     void render(Surface &target) override;
-    void update(std::uint32_t now) override;
+    void update(Tick now) override;
     bool activate(Application *current) override;
 
 private:
@@ -27,7 +27,7 @@ private:
     Screen *to = nullptr;
     Application *application = nullptr;
     std::int32_t offset = 0; ///< Top edge of the incoming picture.
-    std::uint32_t startTick = 0;
+    Tick startTick = 0;
     Surface buffer; ///< What the incoming screen draws into.
 };
 

@@ -1,6 +1,8 @@
 #include "screens/game_over_screen.h"
 
 #include "graphics/image_loading.h"
+#include "graphics/screen_size.h"
+#include "screens/screen_names.h"
 #include "shell/application.h"
 
 namespace mygame
@@ -13,15 +15,14 @@ struct Line {
     const char16_t *text;
 };
 
-constexpr std::int32_t kCentreX = 120;
 constexpr Line kLines[] = {
-    {220, u"GAME OVER"},
-    {240, u"EARTH HAS BEEN DESTROYED"},
-    {260, u"\"GOOD JOB\""},
-    {280, u"RETURN TO MAIN MENU"},
+    {kScreenHeight - 100, u"GAME OVER"},
+    {kScreenHeight - 80, u"EARTH HAS BEEN DESTROYED"},
+    {kScreenHeight - 60, u"\"GOOD JOB\""},
+    {kScreenHeight - 40, u"RETURN TO MAIN MENU"},
 };
 /// A tap below this leads back to the main menu.
-constexpr std::int32_t kStripTop = 280;
+constexpr std::int32_t kStripTop = kScreenHeight - 40;
 
 } // namespace
 
@@ -31,7 +32,7 @@ void GameOverScreen::render(Surface &target)
 {
     background.blitTo(target, 0, 0);
     for (const Line &line : kLines)
-        target.drawText(font, line.text, kCentreX, line.y, TextAlign::AlignCentre);
+        target.drawText(font, line.text, kScreenCentreX, line.y, TextAlign::AlignCentre);
 }
 
 void GameOverScreen::keyDown(std::uint16_t) { application->requestStop(); }
@@ -39,7 +40,7 @@ void GameOverScreen::keyDown(std::uint16_t) { application->requestStop(); }
 void GameOverScreen::pointerUp(std::uint16_t, std::uint16_t y)
 {
     if (y > kStripTop)
-        application->setScreen("MAIN_MENU");
+        application->setScreen(screen_names::kMainMenu);
 }
 
 bool GameOverScreen::activate(Application *current)

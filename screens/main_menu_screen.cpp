@@ -3,11 +3,23 @@
 #include "game/events.h"
 #include "game/game_state.h"
 #include "graphics/image_loading.h"
+#include "screens/screen_names.h"
 #include "shell/application.h"
 #include "shell/event_bus.h"
 
 namespace mygame
 {
+
+constinit const MainMenuScreen::TopRow MainMenuScreen::kTopRows[] = {
+    {u"Resume", canResume, [](MainMenuScreen &menu) { menu.application->setScreen(screen_names::kGame); }},
+    {u"New game", [](const GameState &) { return true; }, [](MainMenuScreen &menu) { menu.showModeList(); }},
+    {u"Sound off", [](const GameState &state) { return state.soundOn != 0; },
+     [](MainMenuScreen &menu) { menu.switchSound(false); }},
+    {u"Sound on", [](const GameState &state) { return state.soundOn == 0; },
+     [](MainMenuScreen &menu) { menu.switchSound(true); }},
+    {u"Exit", [](const GameState &) { return true; },
+     [](MainMenuScreen &menu) { menu.application->requestStop(); }},
+};
 
 MainMenuScreen::MainMenuScreen() { background.load(dataFilePath(u"menu.jpg")); }
 
@@ -17,7 +29,7 @@ void MainMenuScreen::render(Surface &target)
     gameState->menu.render(target);
 }
 
-void MainMenuScreen::update(std::uint32_t now) { gameState->menu.update(now); }
+void MainMenuScreen::update(Tick now) { gameState->menu.update(now); }
 
 void MainMenuScreen::keyUp(std::uint16_t) { application->requestStop(); }
 
@@ -30,40 +42,28 @@ bool MainMenuScreen::activate(Application *current)
     return true;
 }
 
-bool MainMenuScreen::canResume() const
-{
-    return gameState->player.health > 0 &&
-           (gameState->mode != GameMode::TimeAttack || gameState->elapsedMs < kTimeAttackMs);
-}
-
 void MainMenuScreen::showTopList()
 {
-    MenuWidget &menu = gameState->menu;
-    menu.open(this);
-    if (canResume())
-        menu.addItem(u"Resume");
-    menu.addItem(u"New game");
-    menu.addItem(gameState->soundOn ? u"Sound off" : u"Sound on");
-    menu.addItem(u"Exit");
+    gameState->menu.open(this);
+    for (const TopRow &row : kTopRows) {
+        if (row.isShown(*gameState))
+            gameState->menu.addItem(row.text);
+    }
 }
 
 void MainMenuScreen::showModeList()
 {
     gameState->player.health = Player::kNoGame;
-    MenuWidget &menu = gameState->menu;
-    menu.open(this);
-    menu.addItem(u"Campaign");
-    menu.addItem(u"Survival");
-    menu.addItem(u"Time attack");
+    gameState->menu.open(this);
+    for (const ModeRules &rules : gameModes())
+        gameState->menu.addItem(rules.name);
 }
 
 void MainMenuScreen::showDifficultyList()
 {
-    MenuWidget &menu = gameState->menu;
-    menu.open(this);
-    menu.addItem(u"Easy");
-    menu.addItem(u"Medium");
-    menu.addItem(u"Hard");
+    gameState->menu.open(this);
+    for (const DifficultyRules &rules : difficulties())
+        gameState->menu.addItem(rules.name);
 }
 
 void MainMenuScreen::switchSound(bool on)
@@ -82,34 +82,23 @@ void MainMenuScreen::startGame(Difficulty difficulty)
 {
     gameState->difficulty = difficulty;
     // The game screen's activation posts a resume, which the new game must follow.
-    application->setScreen("GAME");
+    application->setScreen(screen_names::kGame);
     EventBus::instance().post<NewGameEvent>();
 }
 
 void MainMenuScreen::itemChosen(std::u16string text)
 {
-    struct Command {
-        const char16_t *text;
-        void (*run)(MainMenuScreen &menu);
-    };
-    static constexpr Command kCommands[] = {
-        {u"New game", [](MainMenuScreen &menu) { menu.showModeList(); }},
-        {u"Sound off", [](MainMenuScreen &menu) { menu.switchSound(false); }},
-        {u"Sound on", [](MainMenuScreen &menu) { menu.switchSound(true); }},
-        {u"Exit", [](MainMenuScreen &menu) { menu.application->requestStop(); }},
-        {u"Campaign", [](MainMenuScreen &menu) { menu.chooseMode(GameMode::Campaign); }},
-        {u"Survival", [](MainMenuScreen &menu) { menu.chooseMode(GameMode::Survival); }},
-        {u"Time attack", [](MainMenuScreen &menu) { menu.chooseMode(GameMode::TimeAttack); }},
-        {u"Easy", [](MainMenuScreen &menu) { menu.startGame(Difficulty::Easy); }},
-        {u"Medium", [](MainMenuScreen &menu) { menu.startGame(Difficulty::Medium); }},
-        {u"Hard", [](MainMenuScreen &menu) { menu.startGame(Difficulty::Hard); }},
-        {u"Resume", [](MainMenuScreen &menu) { menu.application->setScreen("GAME"); }},
-    };
-    for (const Command &command : kCommands) {
-        if (text == command.text) {
-            command.run(*this);
-            return;
-        }
+    for (const TopRow &row : kTopRows) {
+        if (text == row.text)
+            return row.choose(*this);
+    }
+    for (const ModeRules &rules : gameModes()) {
+        if (text == rules.name)
+            return chooseMode(rules.mode);
+    }
+    for (const DifficultyRules &rules : difficulties()) {
+        if (text == rules.name)
+            return startGame(rules.difficulty);
     }
 }
 

@@ -25,7 +25,7 @@ public:
     void link(GameState *state) { gameState = state; }
 
     void render(Surface &target) override;
-    void update(std::uint32_t now) override;
+    void update(Tick now) override;
     void keyUp(std::uint16_t key) override;
     void pointerUp(std::uint16_t x, std::uint16_t y) override;
     bool activate(Application *current) override;
@@ -33,13 +33,21 @@ public:
     void itemChosen(std::u16string text) override;
 
 private:
+    /// A row of the first list.
+    struct TopRow {
+        const char16_t *text;
+        bool (*isShown)(const GameState &state);
+        void (*choose)(MainMenuScreen &menu);
+    };
+
+    static const TopRow kTopRows[5];
+
     void showTopList();
     void showModeList();
     void showDifficultyList();
     void switchSound(bool on);
     void chooseMode(GameMode mode);
     void startGame(Difficulty difficulty);
-    bool canResume() const;
 
     Application *application = nullptr;
     Surface background;

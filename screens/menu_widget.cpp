@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "graphics/screen_size.h"
 #include "platform/clock.h"
 #include "screens/menu_listener.h"
 
@@ -10,15 +11,12 @@ namespace mygame
 namespace
 {
 
-constexpr std::int32_t kScreenWidth = 240;
-constexpr std::int32_t kTextCentreX = 120;
 constexpr std::int32_t kRowPitch = 30;
-constexpr std::int32_t kColumnCentreY = 160;
 constexpr std::int32_t kTextTopInRow = 6;
 /// A tap chooses a row strictly between these.
-constexpr std::int32_t kTapZoneLeft = 60;
-constexpr std::int32_t kTapZoneRight = 180;
-constexpr std::int32_t kSlideMs = 300;
+constexpr std::int32_t kTapZoneLeft = kScreenCentreX - 60;
+constexpr std::int32_t kTapZoneRight = kScreenCentreX + 60;
+constexpr Ms kSlideMs = 300;
 constexpr std::int32_t kNoRow = -1;
 
 /// A number beyond every screen, and well within an integer's range.
@@ -54,12 +52,12 @@ void MenuWidget::open(MenuListener *newListener)
 
 void MenuWidget::addItem(const std::u16string &text) { items.push_back(text); }
 
-std::int32_t MenuWidget::slideDistance(std::uint32_t now) const
+std::int32_t MenuWidget::slideDistance(Tick now) const
 {
-    return static_cast<std::int32_t>(now - startTick) * leftCap.width() / kSlideMs;
+    return msBetween(startTick, now) * leftCap.width() / kSlideMs;
 }
 
-void MenuWidget::update(std::uint32_t now)
+void MenuWidget::update(Tick now)
 {
     if (state == State::Opening) {
         progress = slideDistance(now);
@@ -82,17 +80,17 @@ void MenuWidget::reportChoice()
 MenuWidget::RowLayout MenuWidget::layout() const
 {
     if (state == State::Open)
-        return {0, kScreenWidth - rightCap.width(), kTextCentreX};
+        return {0, kScreenWidth - rightCap.width(), kScreenCentreX};
     const std::int32_t width = leftCap.width();
     const std::int32_t offset = progress - width;
     const float share = width == 0 ? 1.0f : static_cast<float>(progress) / static_cast<float>(width);
     const float rightCapX = static_cast<float>(kScreenWidth) - share * static_cast<float>(rightCap.width());
-    return {offset, truncated(rightCapX), kTextCentreX + offset};
+    return {offset, truncated(rightCapX), kScreenCentreX + offset};
 }
 
 std::int32_t MenuWidget::columnTop() const
 {
-    return kColumnCentreY - kRowPitch / 2 * static_cast<std::int32_t>(items.size());
+    return kScreenCentreY - kRowPitch / 2 * static_cast<std::int32_t>(items.size());
 }
 
 void MenuWidget::render(Surface &target) const

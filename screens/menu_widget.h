@@ -6,6 +6,7 @@
 
 #include "graphics/bitmap_font.h"
 #include "graphics/surface.h"
+#include "graphics/ticks.h"
 
 namespace mygame
 {
@@ -29,7 +30,7 @@ public:
     void addItem(const std::u16string &text);
 
     /// Advances the slide to a tick. At the end of the closing one the listener is called, as the last thing.
-    void update(std::uint32_t now);
+    void update(Tick now);
 
     void render(Surface &target) const;
 
@@ -52,7 +53,7 @@ private:
     };
 
     std::int32_t columnTop() const;
-    std::int32_t slideDistance(std::uint32_t now) const;
+    std::int32_t slideDistance(Tick now) const;
     RowLayout layout() const;
     void reportChoice();
 
@@ -64,7 +65,7 @@ private:
     MenuListener *listener = nullptr;
     std::int32_t selected = -1; ///< Index of the tapped row, -1 while none.
     std::int32_t progress = 0;  ///< Pixels that the left caps have slid in, up to their width.
-    std::uint32_t startTick = 0;
+    Tick startTick = 0;
 };
 
 } // namespace mygame

@@ -1,6 +1,7 @@
 #include "screens/message_screen.h"
 
 #include "graphics/image_loading.h"
+#include "graphics/screen_size.h"
 #include "shell/application.h"
 
 namespace mygame
@@ -8,11 +9,10 @@ namespace mygame
 namespace
 {
 
-constexpr std::int32_t kCentreX = 120;
-constexpr std::int32_t kTextY = 160;
-constexpr std::int32_t kPromptY = 300;
+constexpr std::int32_t kTextY = kScreenCentreY;
+constexpr std::int32_t kPromptY = kScreenHeight - 20;
 /// A tap below this leads on.
-constexpr std::int32_t kStripTop = 280;
+constexpr std::int32_t kStripTop = kScreenHeight - 40;
 
 } // namespace
 
@@ -27,8 +27,8 @@ void MessageScreen::setMessage(const std::u16string &message, Screen *nextScreen
 void MessageScreen::render(Surface &target)
 {
     background.blitTo(target, 0, 0);
-    target.drawText(font, text, kCentreX, kTextY, TextAlign::AlignCentre);
-    target.drawText(font, u"Click here to continue", kCentreX, kPromptY, TextAlign::AlignCentre);
+    target.drawText(font, text, kScreenCentreX, kTextY, TextAlign::AlignCentre);
+    target.drawText(font, u"Click here to continue", kScreenCentreX, kPromptY, TextAlign::AlignCentre);
 }
 
 void MessageScreen::pointerUp(std::uint16_t, std::uint16_t y)

@@ -1,8 +1,10 @@
 #include "screens/shop_screen.h"
 
+#include "game/formatted_text.h"
 #include "game/game_state.h"
 #include "graphics/image_loading.h"
-#include "platform/text.h"
+#include "graphics/screen_size.h"
+#include "screens/screen_names.h"
 #include "shell/application.h"
 
 namespace mygame
@@ -34,7 +36,6 @@ struct Offer {
     std::int32_t price; ///< Dollars.
     Rect frame;         ///< Of the item's icon, corners included.
     void (*apply)(GameState &state);
-    const char16_t *priceText;
     const char16_t *name;
     const char16_t *description[3];
 };
@@ -44,30 +45,26 @@ constexpr Offer kOffers[] = {
      1000,
      {28, 25, 92, 51},
      [](GameState &state) { state.player.health = Player::kFullHealth; },
-     u"$1000",
      u"Repair structural damages",
      {u"All the damages will be repaired.", u"", u""}},
     {ShopItem::MissileSlot,
      1000,
      {106, 25, 170, 51},
      [](GameState &state) { ++state.player.missileSlots; },
-     u"$1000",
      u"Missile slot",
      {u"One more missile slot means", u"you can fire more files at the", u"same time."}},
     {ShopItem::Nuke,
      2000,
      {28, 56, 92, 82},
      [](GameState &state) { ++state.player.nukes; },
-     u"$2000",
      u"Nuke",
      {u"You can detonate nuke and get", u"rid of all enemies and their", u"missiles."}},
     {ShopItem::Propulsion,
      2000,
      {106, 56, 170, 82},
      [](GameState &state) {
-         state.missileTravelTime = static_cast<std::int32_t>(state.missileTravelTime * kPropulsionFactor);
+         state.missileTravelTime = static_cast<Ms>(state.missileTravelTime * kPropulsionFactor);
      },
-     u"$2000",
      u"Missile propulsion system",
      {u"Your scientists will improve your", u"missiles' propulsion system", u"making them faster."}},
 };
@@ -89,7 +86,7 @@ struct Label {
 };
 
 constexpr Label kLabels[] = {
-    {u"shop", 120, 2},
+    {u"shop", kScreenCentreX, 2},
     {u"price", 37, 100},
     {u"money", 203, 100},
     {u"description", 85, 170},
@@ -127,11 +124,14 @@ void ShopScreen::render(Surface &target)
     renderSelection(target);
 }
 
+void ShopScreen::renderAmount(Surface &target, std::int32_t dollars, std::int32_t centreX) const
+{
+    target.drawText(font, formatted(u"$%d", dollars), centreX, kAmountY, TextAlign::AlignCentre);
+}
+
 void ShopScreen::renderLabels(Surface &target) const
 {
-    char16_t money[platform::kMaxFormattedText];
-    platform::wsprintfW(money, u"$%d", gameState->player.money);
-    target.drawText(font, money, kMoneyX, kAmountY, TextAlign::AlignCentre);
+    renderAmount(target, gameState->player.money, kMoneyX);
     for (const Label &label : kLabels)
         target.drawText(font, label.text, label.centreX, label.y, TextAlign::AlignCentre);
 }
@@ -141,7 +141,7 @@ void ShopScreen::renderSelection(Surface &target) const
     const Offer *offer = findOffer(selected);
     if (!offer)
         return;
-    target.drawText(font, offer->priceText, kPriceX, kAmountY, TextAlign::AlignCentre);
+    renderAmount(target, offer->price, kPriceX);
     target.drawText(font, offer->name, kTextX, kNameY, TextAlign::AlignLeft);
     std::int32_t y = kDescriptionY;
     for (const char16_t *line : offer->description) {
@@ -154,7 +154,7 @@ void ShopScreen::renderSelection(Surface &target) const
 void ShopScreen::pointerUp(std::uint16_t x, std::uint16_t y)
 {
     if (isInside(kBackZone, x, y))
-        application->setScreen("GAME");
+        application->setScreen(screen_names::kGame);
     else if (isInside(kBuyZone, x, y))
         buy();
     else if (isInside(kItemZone, x, y))

@@ -34,6 +34,7 @@ public:
     bool activate(Application *current) override;
 
 private:
+    void renderAmount(Surface &target, std::int32_t dollars, std::int32_t centreX) const;
     void renderLabels(Surface &target) const;
     void renderSelection(Surface &target) const;
     void select(std::int32_t x, std::int32_t y);

@@ -13,7 +13,7 @@ constexpr char16_t kWindowClass[] = u"MyClass";
 constexpr char16_t kWindowTitle[] = u"MyGame";
 constexpr char16_t kTaskBarClass[] = u"HHTaskbar";
 
-constexpr std::uint32_t kFrameIntervalMs = 1;
+constexpr Ms kFrameIntervalMs = 1;
 constexpr std::uint32_t kIdleSleepMs = 1;
 
 constexpr std::uint32_t kHideAround =
@@ -58,7 +58,7 @@ void registerWindowClass(platform::HINSTANCE instance)
 
 } // namespace
 
-Application::Application() : nextFrameTime(platform::GetTickCount()), frameInterval(kFrameIntervalMs) {}
+Application::Application() : nextFrameTime(platform::GetTickCount()) {}
 
 Application::~Application()
 {
@@ -125,11 +125,11 @@ void Application::requestStop() { stopRequested = true; }
 void Application::runPass()
 {
     handleMessages();
-    const std::uint32_t now = platform::GetTickCount();
-    if (static_cast<std::int32_t>(now) >= static_cast<std::int32_t>(nextFrameTime)) {
+    const Tick now = platform::GetTickCount();
+    if (asDue(now) >= asDue(nextFrameTime)) {
         if (platform::GetForegroundWindow() == window)
             runFrame();
-        nextFrameTime = now + frameInterval;
+        nextFrameTime = tickAfter(now, kFrameIntervalMs);
     } else {
         platform::Sleep(kIdleSleepMs);
     }
@@ -219,7 +219,7 @@ void Application::render(Surface &target)
         currentScreen_->render(target);
 }
 
-void Application::update(std::uint32_t now)
+void Application::update(Tick now)
 {
     if (currentScreen_)
         currentScreen_->update(now);

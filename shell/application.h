@@ -50,7 +50,7 @@ public:
     Screen *currentScreen() const { return currentScreen_; }
 
     void render(Surface &target) override;
-    void update(std::uint32_t now) override;
+    void update(Tick now) override;
     void keyDown(std::uint16_t key) override;
     void keyUp(std::uint16_t key) override;
     void pointerMove(std::uint16_t x, std::uint16_t y) override;
@@ -68,8 +68,7 @@ private:
     platform::HWND window = nullptr;
     std::unique_ptr<Display> display;
     bool stopRequested = false;
-    std::uint32_t nextFrameTime; ///< Tick at or after which a frame is due.
-    std::uint32_t frameInterval; ///< Milliseconds.
+    Tick nextFrameTime; ///< At or after which a frame is due.
     Screen *currentScreen_ = nullptr;
     std::map<std::string, Screen *> screens;
 };

@@ -7,11 +7,29 @@
 #include <memory>
 #include <utility>
 
-#include "shell/event.h"
-#include "shell/event_listener.h"
-
 namespace mygame
 {
+
+/// Something that happened in the game. Subclasses add what belongs to their type.
+class Event
+{
+public:
+    explicit Event(std::int32_t type) : type(type) {}
+    virtual ~Event() = default;
+
+    const std::int32_t type;
+};
+
+/// Receives the events that it is subscribed to. Never destroyed through this interface.
+class EventListener
+{
+public:
+    /// @return true to keep the event from the listeners subscribed later.
+    virtual bool onEvent(const Event &event) = 0;
+
+protected:
+    ~EventListener() = default;
+};
 
 /// Carries events from whoever posts them to the listeners of their type: first in, first out, and only when
 /// the queue is delivered.

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "graphics/ticks.h"
+
 namespace mygame
 {
 
@@ -16,8 +18,8 @@ public:
     /// Draws the whole picture into a surface of the screen's size.
     virtual void render(Surface &) {}
 
-    /// Advances to a tick in milliseconds; after `render` in every frame.
-    virtual void update(std::uint32_t) {}
+    /// Advances to a moment; after `render` in every frame.
+    virtual void update(Tick) {}
 
     /// A hardware button was pressed or released, given by its virtual key code.
     virtual void keyDown(std::uint16_t) {}

@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "screens/game_over_screen.h"
 #include "screens/main_menu_screen.h"
+#include "screens/screen_names.h"
 #include "screens/shop_screen.h"
 #include "shell/application.h"
 
@@ -55,7 +56,7 @@ Program::Program() : application_(std::make_unique<Application>())
     linkScreens();
     for (const auto &[name, screen] : screens())
         application_->addScreen(name, screen);
-    application_->setScreen("MAIN_MENU");
+    application_->setScreen(screen_names::kMainMenu);
 }
 
 Program::~Program() = default;
@@ -83,12 +84,12 @@ void Program::linkScreens()
 
 std::array<Program::NamedScreen, 6> Program::screens() const
 {
-    return {{{"SHOP", shop.get()},
-             {"GAME", gameScreen.get()},
-             {"GAME_OVER", gameOver.get()},
-             {"MAIN_MENU", mainMenu.get()},
-             {"MESSAGE", &state_->messageScreen},
-             {"ANIMSCREEN", &state_->animScreen}}};
+    return {{{screen_names::kShop, shop.get()},
+             {screen_names::kGame, gameScreen.get()},
+             {screen_names::kGameOver, gameOver.get()},
+             {screen_names::kMainMenu, mainMenu.get()},
+             {screen_names::kMessage, &state_->messageScreen},
+             {screen_names::kAnimation, &state_->animScreen}}};
 }
 
 const char *Program::currentScreenName() const

@@ -138,6 +138,42 @@ TEST_F(GameRulesTest, GrowTheWavesOfACampaign)
     }
 }
 
+TEST_F(GameRulesTest, LetNothingComeOrEndWithoutAMode)
+{
+    for (const GameMode mode : {GameMode::None, static_cast<GameMode>(-1), static_cast<GameMode>(99)}) {
+        play(mode, Difficulty::Hard);
+        EXPECT_TRUE(state.asteroids.empty() && state.player.missileSlots == 0);
+        EXPECT_EQ(rulesOf(mode).clock(state), u"");
+        EXPECT_EQ(frame(200000), "tick");
+        EXPECT_TRUE(canResume(state)) << "its time is never up";
+        state.player.health = 0;
+        EventBus::instance().post<GameEndedEvent>();
+        EXPECT_EQ(frame(), "ended, tick");
+        EXPECT_EQ(application.currentScreen(), application.findScreen("GAME")) << "no other screen follows";
+        EXPECT_FALSE(canResume(state));
+    }
+}
+
+TEST_F(GameRulesTest, TakeTheirNumbersFromTheModeAndTheDifficulty)
+{
+    constexpr Difficulty kDifficulties[] = {Difficulty::None, Difficulty::Easy, Difficulty::Medium,
+                                            Difficulty::Hard};
+    constexpr struct {
+        GameMode mode;
+        std::size_t asteroids[4];
+        std::int32_t missileSlots[4];
+    } kModes[] = {{GameMode::Survival, {0, 2, 2, 2}, {0, 3, 2, 1}},
+                  {GameMode::TimeAttack, {0, 3, 7, 10}, {0, 1, 2, 3}}};
+    for (const auto &[mode, asteroids, missileSlots] : kModes) {
+        for (std::size_t i = 0; i < 4; ++i) {
+            play(mode, kDifficulties[i]);
+            EXPECT_EQ(state.asteroids.size(), asteroids[i]);
+            EXPECT_EQ(state.player.missileSlots, missileSlots[i]);
+            EXPECT_EQ(state.groupSize, static_cast<std::int32_t>(i));
+        }
+    }
+}
+
 TEST_F(GameRulesTest, StartOneSoundInMoreThan100Ms)
 {
     const auto soundsOf = [this](std::uint32_t afterMs) {

@@ -1,8 +1,9 @@
 /// The rules' operations on asteroids and missiles.
+#include "game/game_rules.h"
+
 #include <cstdlib>
 
 #include "game/events.h"
-#include "game/game_rules.h"
 #include "game/game_state.h"
 #include "game/physics.h"
 #include "platform/clock.h"
@@ -101,7 +102,7 @@ void GameRules::detonateMissile(std::int32_t id)
 void GameRules::destroyAsteroid(std::int32_t id)
 {
     const bool removed = state->asteroids.erase(id) != 0;
-    if (removed && state->mode == GameMode::TimeAttack)
+    if (removed && rulesOf(state->mode).replacesAsteroids)
         spawnAsteroid();
 }
 

@@ -9,10 +9,10 @@
 
 #include "fuzz/fuzzer.h"
 #include "platform/virtual/virtual_device.h"
+#include "replay/options.h"
+#include "replay/playback.h"
 #include "shell/event_bus.h"
 #include "shell/startup.h"
-#include "replay/options.h"
-#include "replay/recorder.h"
 
 namespace
 {
@@ -64,13 +64,13 @@ void run(const replay::Script &script)
     limitPolls(device);
     replay::Options options;
     options.trace = "/dev/null";
-    replay::Recorder recorder(device, options);
-    require(recorder.open(), "the trace cannot be opened");
-    recorder.prepare(script);
+    replay::Playback playback(device, options, script);
+    require(playback.open(), "the trace cannot be opened");
+    playback.prepare();
     mygame::Program program;
-    recorder.watch(program);
+    playback.watch(program);
     program.run(nullptr, platform::SW_SHOW);
-    require(recorder.close(), "the trace cannot be written");
+    require(playback.close(), "the trace cannot be written");
 }
 
 } // namespace

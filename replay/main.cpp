@@ -6,16 +6,17 @@
 #include <string>
 
 #include "platform/virtual/virtual_device.h"
-#include "shell/startup.h"
 #include "replay/options.h"
-#include "replay/recorder.h"
+#include "replay/playback.h"
 #include "replay/script.h"
+#include "shell/startup.h"
 
 namespace
 {
 
 constexpr int kExitBadUse = 2;
 constexpr int kExitStandstill = 3;
+constexpr int kExitUnmetCheck = 4;
 
 /// @return false when the file cannot be read to its end, as a folder never can.
 bool readFile(const std::string &path, std::string &text)
@@ -57,11 +58,31 @@ std::string executableFolder()
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
-void runProgram(replay::Recorder &recorder)
+void runProgram(replay::Playback &playback)
 {
     mygame::Program program;
-    recorder.watch(program);
+    playback.watch(program);
     program.run(nullptr, platform::SW_SHOW);
+}
+
+/// Plays a script. @return the exit status.
+int play(const replay::Options &options, const replay::Script &script)
+{
+    platform::VirtualDevice device;
+    platform::useDevice(device);
+    device.dataFolder = options.dataFolder;
+    replay::Playback playback(device, options, script);
+    if (!checkDataFolder(device.dataFolder) || !playback.open())
+        return kExitBadUse;
+    device.onStandstill = [&] {
+        std::cerr << options.script << ": the clock stands still at tick " << device.tick() << '\n';
+        std::_Exit(playback.close() ? kExitStandstill : kExitBadUse);
+    };
+    playback.prepare();
+    runProgram(playback);
+    if (!playback.close())
+        return kExitBadUse;
+    return playback.checksMet() ? EXIT_SUCCESS : kExitUnmetCheck;
 }
 
 } // namespace
@@ -69,23 +90,17 @@ void runProgram(replay::Recorder &recorder)
 int main(int argumentCount, char **arguments)
 {
     auto options = replay::readOptions(argumentCount, arguments);
+    if (!options)
+        return kExitBadUse;
+    if (options->request != replay::Request::Run) {
+        std::cout << (options->request == replay::Request::Help ? replay::helpText()
+                                                                : "replay (MyGame) " MYGAME_VERSION "\n");
+        return std::cout.flush() ? EXIT_SUCCESS : kExitBadUse;
+    }
     replay::Script script;
-    if (!options || !loadScript(options->script, script))
+    if (!loadScript(options->script, script))
         return kExitBadUse;
     if (options->dataFolder.empty())
         options->dataFolder = executableFolder();
-    platform::VirtualDevice device;
-    platform::useDevice(device);
-    device.dataFolder = options->dataFolder;
-    replay::Recorder recorder(device, *options);
-    if (!checkDataFolder(device.dataFolder) || !recorder.open())
-        return kExitBadUse;
-    device.onStandstill = [&] {
-        std::cerr << options->script << ": the clock stands still at tick " << device.tick() << '\n';
-        recorder.close();
-        std::_Exit(kExitStandstill);
-    };
-    recorder.prepare(script);
-    runProgram(recorder);
-    return recorder.close() ? 0 : kExitBadUse;
+    return play(*options, script);
 }

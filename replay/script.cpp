@@ -7,6 +7,7 @@
 
 #include "platform/common/utf8.h"
 #include "platform/window.h"
+#include "replay/checksum.h"
 
 namespace replay
 {
@@ -16,7 +17,9 @@ namespace
 constexpr std::uint32_t kMaxNumber = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint32_t kMaxWord16 = 65535;
 constexpr std::uint32_t kMaxFrameCostMs = 10000;
+constexpr std::uint32_t kMaxRefreshRate = 1000;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr Message kQuit{platform::WM_QUIT, 0, 0};
 
 /// What is wrong with the line being read.
 struct Fault {
@@ -27,24 +30,24 @@ struct Fault {
 class Words
 {
 public:
-    explicit Words(std::string_view line) : rest(line.substr(0, line.find('#'))) { skipBlanks(); }
+    explicit Words(std::string_view line) : rest_(line.substr(0, line.find('#'))) { skipBlanks(); }
 
-    bool atEnd() const { return rest.empty(); }
+    bool atEnd() const { return rest_.empty(); }
 
     /// The next word. `what` says what is missing at the end of the line.
     std::string_view word(std::string_view what)
     {
         if (atEnd())
             throw Fault{"missing " + std::string(what)};
-        const std::size_t length = std::min(rest.find_first_of(" \t"), rest.size());
-        const std::string_view taken = rest.substr(0, length);
-        rest.remove_prefix(length);
+        const std::size_t length = std::min(rest_.find_first_of(" \t"), rest_.size());
+        const std::string_view taken = rest_.substr(0, length);
+        rest_.remove_prefix(length);
         skipBlanks();
         return taken;
     }
 
-    /// The next word as a number from 0 to `max`.
-    std::uint32_t number(std::string_view what, std::uint32_t max)
+    /// The next word as a number from `min` to `max`.
+    std::uint32_t number(std::string_view what, std::uint32_t max, std::uint32_t min = 0)
     {
         const std::string_view digits = word(what);
         const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
@@ -54,19 +57,33 @@ public:
         const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
         if (result.ec != std::errc() || value > max)
             throw Fault{std::string(what) + " " + std::string(digits) + " is over " + std::to_string(max)};
+        if (value < min)
+            throw Fault{std::string(what) + " " + std::string(digits) + " is under " + std::to_string(min)};
+        return value;
+    }
+
+    /// The next word as a checksum, with all its digits.
+    std::uint32_t checksum()
+    {
+        const std::string_view digits = word("checksum");
+        const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
+        if (digits.size() != kChecksumDigits || !std::all_of(digits.begin(), digits.end(), isDigit))
+            throw Fault{"'" + std::string(digits) + "' is no checksum of 8 lower-case hex digits"};
+        std::uint32_t value = 0;
+        std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
         return value;
     }
 
     void end() const
     {
         if (!atEnd())
-            throw Fault{"'" + std::string(rest.substr(0, rest.find_first_of(" \t"))) + "' is too much"};
+            throw Fault{"'" + std::string(rest_.substr(0, rest_.find_first_of(" \t"))) + "' is too much"};
     }
 
 private:
-    void skipBlanks() { rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size())); }
+    void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size())); }
 
-    std::string_view rest;
+    std::string_view rest_;
 };
 
 std::uint32_t pointParameter(Words &words)
@@ -113,10 +130,14 @@ Action snapshot(Words &words)
     return Snapshot{std::string(name)};
 }
 
+std::uint32_t refreshRate(Words &words) { return words.number("refresh rate", kMaxRefreshRate, 1); }
+
 Action frameCost(Words &words) { return FrameCost{words.number("frame cost", kMaxFrameCostMs)}; }
+Action refresh(Words &words) { return Refresh{refreshRate(words)}; }
+Action check(Words &words) { return Check{words.checksum()}; }
 Action background(Words &) { return Foreground{false}; }
 Action foreground(Words &) { return Foreground{true}; }
-Action quit(Words &) { return Message{platform::WM_QUIT, 0, 0}; }
+Action quit(Words &) { return kQuit; }
 
 struct Directive {
     std::string_view word;
@@ -133,6 +154,8 @@ constexpr Directive kTimedDirectives[] = {
     {"foreground", foreground},
     {"message", anyMessage},
     {"frame-cost", frameCost},
+    {"refresh", refresh},
+    {"check", check},
     {"frame-buffer", frameBuffer},
     {"snapshot", snapshot},
     {"quit", quit},
@@ -149,6 +172,7 @@ constexpr HeaderDirective kHeaderDirectives[] = {
      [](Words &words, Script &script) { script.clock = words.number("tick count", kMaxNumber); }},
     {"frame-cost", false,
      [](Words &words, Script &script) { script.frameCostMs = words.number("frame cost", kMaxFrameCostMs); }},
+    {"refresh", false, [](Words &words, Script &script) { script.refreshRate = refreshRate(words); }},
     {"display-error", false,
      [](Words &words, Script &script) { script.displayError = words.number("system error", kMaxNumber); }},
     {"running-copy", false, [](Words &, Script &script) { script.copyRunning = true; }},
@@ -169,10 +193,11 @@ template <class Table> auto findDirective(const Table &table, std::string_view w
 class Parser
 {
 public:
-    explicit Parser(Script &script) : script(script) {}
+    explicit Parser(Script &script) : script_(script) {}
 
     void readLine(std::string_view line)
     {
+        ++line_;
         checkText(line);
         Words words(line);
         if (words.atEnd())
@@ -185,7 +210,15 @@ public:
         words.end();
     }
 
-    bool endsWithQuit() const { return lastIsQuit; }
+    void finish()
+    {
+        std::vector<TimedAction> &timeline = script_.timeline;
+        if (timeline.empty() || !isQuit(timeline.back().action))
+            timeline.push_back({timeline.empty() ? 0 : timeline.back().atMs, kQuit, 0});
+    }
+
+    /// The line being read, from 1.
+    std::size_t line() const { return line_; }
 
 private:
     static void checkText(std::string_view line)
@@ -201,48 +234,51 @@ private:
     void readHeader(std::string_view word, Words &words)
     {
         const auto directive = findDirective(kHeaderDirectives, word);
-        if (!script.timeline.empty())
+        if (!script_.timeline.empty())
             throw Fault{"'" + std::string(word) + "' must stand before the timed lines"};
-        if (!seenHeaders.insert(directive->word).second && !directive->repeatable)
+        if (!seenHeaders_.insert(directive->word).second && !directive->repeatable)
             throw Fault{"'" + std::string(word) + "' stands here a second time"};
-        directive->read(words, script);
+        directive->read(words, script_);
     }
 
     void readTimed(Words &words)
     {
         const std::uint32_t atMs = words.number("time", kMaxNumber);
-        if (!script.timeline.empty() && atMs < script.timeline.back().atMs)
+        if (!script_.timeline.empty() && atMs < script_.timeline.back().atMs)
             throw Fault{"time " + std::to_string(atMs) + " is before the previous line's " +
-                        std::to_string(script.timeline.back().atMs)};
+                        std::to_string(script_.timeline.back().atMs)};
         const std::string_view word = words.word("what happens");
-        script.timeline.push_back({atMs, findDirective(kTimedDirectives, word)->read(words)});
-        lastIsQuit = word == "quit";
+        script_.timeline.push_back({atMs, findDirective(kTimedDirectives, word)->read(words), line_});
     }
 
-    Script &script;
-    std::set<std::string_view> seenHeaders;
-    bool lastIsQuit = false;
+    Script &script_;
+    std::set<std::string_view> seenHeaders_;
+    std::size_t line_ = 0;
 };
 
 } // namespace
 
 std::optional<ScriptFault> parseScript(std::string_view text, Script &script)
 {
+    script.text = text;
     Parser parser(script);
-    std::size_t line = 0;
     try {
         while (!text.empty()) {
-            ++line;
             const std::size_t length = std::min(text.find('\n'), text.size());
             parser.readLine(text.substr(0, length));
             text.remove_prefix(std::min(length + 1, text.size()));
         }
-        if (!parser.endsWithQuit())
-            throw Fault{"the last line must be a 'quit'"};
     } catch (const Fault &fault) {
-        return ScriptFault{std::max<std::size_t>(line, 1), fault.what};
+        return ScriptFault{parser.line(), fault.what};
     }
+    parser.finish();
     return std::nullopt;
+}
+
+bool isQuit(const Action &action)
+{
+    const auto *message = std::get_if<Message>(&action);
+    return message && message->number == platform::WM_QUIT;
 }
 
 } // namespace replay

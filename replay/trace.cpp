@@ -3,9 +3,9 @@
 #include <array>
 #include <charconv>
 #include <concepts>
-#include <libdeflate.h>
 #include <map>
 
+#include "replay/checksum.h"
 #include "replay/state_members.h"
 
 namespace replay
@@ -13,29 +13,29 @@ namespace replay
 namespace
 {
 
-/// Writes JSON without spaces; members and elements are parted by commas.
+/// Writes JSON without spaces; members and elements are separated by commas.
 class JsonWriter
 {
 public:
-    explicit JsonWriter(std::string &text) : text(text) {}
+    explicit JsonWriter(std::string &text) : text_(text) {}
 
     void open(char bracket)
     {
-        text += bracket;
-        first = true;
+        text_ += bracket;
+        first_ = true;
     }
 
     void close(char bracket)
     {
-        text += bracket;
-        first = false;
+        text_ += bracket;
+        first_ = false;
     }
 
     void member(std::string_view name)
     {
         separate();
-        ((text += '"') += name) += "\":";
-        first = true;
+        ((text_ += '"') += name) += "\":";
+        first_ = true;
     }
 
     template <std::integral Number> void number(Number value)
@@ -43,27 +43,27 @@ public:
         separate();
         std::array<char, 24> digits;
         const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-        text.append(digits.data(), end);
+        text_.append(digits.data(), end);
     }
 
-    /// The text must not need escapes.
+    /// The text_ must not need escapes.
     void string(std::string_view value)
     {
         separate();
-        ((text += '"') += value) += '"';
+        ((text_ += '"') += value) += '"';
     }
 
-    /// Puts a comma before every element but the first.
+    /// Puts a comma before every element but the first_.
     void separate()
     {
-        if (!first)
-            text += ',';
-        first = false;
+        if (!first_)
+            text_ += ',';
+        first_ = false;
     }
 
 private:
-    std::string &text;
-    bool first = true;
+    std::string &text_;
+    bool first_ = true;
 };
 
 /// Writes the members of the state, whatever their kind.
@@ -101,20 +101,12 @@ struct MemberWriter {
     }
 };
 
-std::string hexDigits(std::uint32_t value)
-{
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string digits(8, '0');
-    for (std::size_t i = digits.size(); i-- > 0; value >>= 4)
-        digits[i] = kDigits[value & 0xF];
-    return digits;
-}
-
 } // namespace
 
-void appendFrame(std::string &trace, const FrameRecord &frame)
+std::string traceLine(const FrameRecord &frame)
 {
-    JsonWriter json(trace);
+    std::string line;
+    JsonWriter json(line);
     json.open('{');
     json.member("frame");
     json.number(frame.number);
@@ -123,7 +115,7 @@ void appendFrame(std::string &trace, const FrameRecord &frame)
     json.member("screen");
     json.string(frame.screen);
     json.member("crc");
-    json.string(hexDigits(libdeflate_crc32(0, frame.frameBuffer.data(), frame.frameBuffer.size())));
+    json.string(checksumDigits(frame.checksum));
     json.member("sounds");
     json.open('[');
     for (const std::string &sound : frame.sounds)
@@ -134,7 +126,8 @@ void appendFrame(std::string &trace, const FrameRecord &frame)
     visitMembers(frame.state, MemberWriter{json});
     json.close('}');
     json.close('}');
-    trace += '\n';
+    line += '\n';
+    return line;
 }
 
 } // namespace replay

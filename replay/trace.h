@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "game/game_state.h"
 
@@ -17,12 +15,12 @@ struct FrameRecord {
     std::uint64_t number; ///< 1 for the first presented frame.
     std::uint32_t tick;
     std::string_view screen;
-    std::span<const std::byte> frameBuffer;
+    std::uint32_t checksum;              ///< Of the picture.
     std::span<const std::string> sounds; ///< Started since the previous frame.
     const mygame::GameState &state;
 };
 
-/// Appends a frame as one line of JSON with its line feed.
-void appendFrame(std::string &trace, const FrameRecord &frame);
+/// A frame as one line of JSON with its line feed.
+std::string traceLine(const FrameRecord &frame);
 
 } // namespace replay

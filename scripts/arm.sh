@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
 # The decoders' libraries and GoogleTest; SDL is not needed without a window.
-arm_packages="libdeflate-dev libgtest-dev libjpeg62-turbo-dev libpng-dev nlohmann-json3-dev zlib1g-dev"
+arm_packages="libgtest-dev libjpeg62-turbo-dev libpng-dev nlohmann-json3-dev zlib1g-dev"
 root=build/arm-root
 
 # Fetches packages of the other architecture without making them part of this system.

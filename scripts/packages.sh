@@ -1,7 +1,7 @@
 # Debian packages that the scripts need, and how they get them. To be sourced.
 # shellcheck shell=sh disable=SC2034 # the lists are for the scripts that source this
 
-PLAY_PACKAGES="cmake g++ libasound2-dev libdeflate-dev libjpeg-dev libpng-dev libsdl2-dev libx11-dev ninja-build"
+PLAY_PACKAGES="cmake g++ libasound2-dev libjpeg-dev libpng-dev libsdl2-dev libx11-dev ninja-build zlib1g-dev"
 TEST_PACKAGES="$PLAY_PACKAGES imagemagick libbenchmark-dev libgtest-dev libxtst-dev nlohmann-json3-dev openbox wmctrl x11-utils xdotool xvfb"
 ART_PACKAGES="g++ imagemagick libjpeg-dev libpng-dev librsvg2-bin povray povray-includes sox"
 ARM_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf qemu-user"

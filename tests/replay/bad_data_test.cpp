@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/game/replay_run.h"
+#include "tests/replay/replay_run.h"
 #include "tests/support/device_test.h"
 
 namespace mygame::tests

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/game/replay_run.h"
+#include "tests/replay/replay_run.h"
 #include "tests/support/device_test.h"
 
 namespace mygame::tests

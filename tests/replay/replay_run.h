@@ -21,4 +21,22 @@ inline Outcome runReplay(const std::string &arguments)
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile("stdout"), readFile("stderr")};
 }
 
+struct ReplayTest : DeviceTest {
+    /// Runs a script, with these further arguments.
+    Outcome play(const std::string &script, const std::string &arguments = "")
+    {
+        writeFile("script", script);
+        return run = runReplay("script --data '" DATA_FOLDER "' " + arguments);
+    }
+
+    /// Runs a script with a trace, and returns the trace.
+    std::string traceOf(const std::string &script)
+    {
+        play(script, "--trace trace --snapshots pictures");
+        return readFile("trace");
+    }
+
+    Outcome run; ///< The last one.
+};
+
 } // namespace mygame::tests

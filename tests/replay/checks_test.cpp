@@ -1,0 +1,123 @@
+/// `check` lines, and how `--pin` writes them.
+#include <cstdint>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/replay/replay_run.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+std::uint32_t crc32(std::uint32_t crc, std::uint8_t byte)
+{
+    crc = ~crc ^ byte;
+    for (int bit = 0; bit < 8; ++bit)
+        crc = crc >> 1 ^ (crc & 1 ? 0xEDB88320 : 0);
+    return ~crc;
+}
+
+struct Checks : ReplayTest {
+    /// A check of a script's first frames, by what its trace tells of them.
+    std::string checkOf(const std::string &script, int frames)
+    {
+        std::istringstream trace(traceOf(script));
+        std::uint32_t running = 0;
+        std::string line;
+        for (int frame = 0; frame < frames; ++frame) {
+            std::getline(trace, line);
+            std::uint32_t picture =
+                static_cast<std::uint32_t>(std::stoul(line.substr(line.find("crc") + 6), nullptr, 16));
+            for (int i = 0; i < 4; ++i, picture >>= 8)
+                running = crc32(running, static_cast<std::uint8_t>(picture));
+        }
+        char text[32];
+        std::snprintf(text, sizeof text, "check %08x", running);
+        return text;
+    }
+
+    std::string pinned(const std::string &script)
+    {
+        play(script, "--pin pinned");
+        return readFile("pinned");
+    }
+};
+
+TEST_F(Checks, AreOfTheNextFrameAndAllBefore)
+{
+    const std::string script = "refresh 50\nat 100 release 120 130\nat 500 quit\n";
+    const std::string first = checkOf(script, 1), tenth = checkOf(script, 10);
+    play("refresh 50\nat 0 " + first + "\nat 81 " + tenth + "\nat 90 " + tenth + "\nat 500 quit\n");
+    EXPECT_EQ(run.errors, "");
+    EXPECT_EQ(run.exit, 0);
+    play("refresh 50\nat 0 check 00000000\nat 0 " + first + "\nat 0 check 00000001\nat 80 " + tenth +
+         "\nat 500 " + tenth + "\nat 500 frame-buffer off\nat 500 quit\nat 900 " + tenth + "\n");
+    const std::string kUnmet = ": the pictures are not those recorded, here or before: frame ";
+    EXPECT_EQ(run.errors, "script:2" + kUnmet + "1\nscript:4" + kUnmet + "1\nscript:5" + kUnmet +
+                              "9\nscript:6" + kUnmet + "51\nscript:9" + kUnmet + "51\n");
+    EXPECT_EQ(run.exit, 4);
+}
+
+TEST_F(Checks, CountLessThanOtherTroubles)
+{
+    EXPECT_EQ(play("at 0 check 00000000", "--trace /dev/full").exit, 2);
+    EXPECT_EQ(
+        play("clock 2147483647\nframe-cost 0\nat 0 frame-buffer off\nat 0 check 00000000\nat 9 quit").exit,
+        3);
+    EXPECT_EQ(play("display-error 1\nat 0 check 00000000").exit, 4);
+}
+
+TEST_F(Checks, ArePinnedToTheFirstFrameOfEachSecondAndTheLast)
+{
+    const std::string script = "# top\nclock 5\n\n# tap\nat 500 release 120 130 # menu\nat 2000 snapshot a\n"
+                               "at 2001 snapshot b\n\n# over\n\nat 2100 quit # end";
+    const std::string expected =
+        "# top\nclock 5\n\n# tap\nat 0 C1\nat 500 release 120 130 # menu\nat 1008 C64\n"
+        "at 2000 snapshot a\nat 2000 C126\nat 2001 snapshot b\nat 2100 C133\n\n"
+        "# over\n\nat 2100 quit # end";
+    std::string found = pinned(script);
+    for (const int frames : {133, 126, 64, 1})
+        found = std::regex_replace(found, std::regex(checkOf(script, frames)), "C" + std::to_string(frames));
+    EXPECT_EQ(found, expected);
+}
+
+TEST_F(Checks, AreMetOnceTheyArePinnedAndStayTheSame)
+{
+    const char *const kScripts[] = {
+        "",
+        "# nothing",
+        "hide font.png\n# end\n",
+        "at 0 quit",
+        "at 40 quit\nat 40 background\nat 90 touch 1 1",
+        "at 3000 touch 120 130",
+        "at 3000 touch 120 130\n# cut",
+        "at 700 check 12345678",
+        "at 5 check 12345678 # old\n# kept\nat 900 check 12345678\n\n# also\nat 2000 quit\nat 9000 check "
+        "00000000",
+        "clock 4294966000\nrefresh 144\nat 500 release 120 190\nat 5000 quit\n",
+        "frame-cost 0\nat 40 frame-cost 700\nat 5000 message 18 0 0\nat 6000 move 1 1\n",
+        "at 0 background\nat 3000 foreground\nat 3000 quit\n",
+        "at 100 background\nat 5000 check 12345678",
+        "display-error 7\nat 100 check 12345678\nat 3000 quit\n",
+        "running-copy\nat 100 check 12345678\n"};
+    for (const std::string script : kScripts) {
+        const std::string once = pinned(script);
+        EXPECT_EQ(run.exit, script.find("check") == std::string::npos ? 0 : 4) << script << run.errors;
+        EXPECT_EQ(pinned(once), once) << script;
+        EXPECT_EQ(run.errors, "") << once;
+        EXPECT_EQ(run.exit, 0) << once;
+        EXPECT_TRUE(traceOf(once) == traceOf(script)) << script;
+    }
+    // A script can be pinned in place.
+    play(kScripts[3], "--pin script");
+    const std::string inPlace = readFile("script");
+    EXPECT_EQ(inPlace, pinned(kScripts[3]));
+}
+
+} // namespace
+} // namespace mygame::tests

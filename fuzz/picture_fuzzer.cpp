@@ -46,29 +46,29 @@ void require(bool holds, const char *what)
 class MemoryFile
 {
 public:
-    MemoryFile() : descriptor(memfd_create("picture", 0))
+    MemoryFile() : descriptor_(memfd_create("picture", 0))
     {
-        require(descriptor >= 0, "there are no files in memory");
-        device.dataFolder = "/proc/self/fd";
-        platform::useDevice(device);
+        require(descriptor_ >= 0, "there are no files in memory");
+        device_.dataFolder = "/proc/self/fd";
+        platform::useDevice(device_);
     }
 
     void write(const std::uint8_t *bytes, std::size_t size) const
     {
-        require(ftruncate(descriptor, 0) == 0 &&
-                    pwrite(descriptor, bytes, size, 0) == static_cast<ssize_t>(size),
+        require(ftruncate(descriptor_, 0) == 0 &&
+                    pwrite(descriptor_, bytes, size, 0) == static_cast<ssize_t>(size),
                 "the file cannot be written");
     }
 
     std::u16string path() const
     {
-        const std::string digits = std::to_string(descriptor);
+        const std::string digits = std::to_string(descriptor_);
         return mygame::dataFilePath(std::u16string(digits.begin(), digits.end()));
     }
 
 private:
-    platform::VirtualDevice device;
-    int descriptor;
+    platform::VirtualDevice device_;
+    int descriptor_;
 };
 
 const MemoryFile &file()

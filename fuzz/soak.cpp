@@ -14,42 +14,42 @@ class Soak
 {
 public:
     Soak(platform::VirtualDevice &device, mygame::Program &program, std::uint64_t frames, std::uint32_t seed)
-        : device(device), player(device, program, seed), watch(program), framesLeft(frames)
+        : device_(device), player_(device, program, seed), watch_(program), framesLeft_(frames)
     {
-        device.onFrame = [this] { countFrame(); };
-        device.onPoll = [this] { poll(); };
+        device_.onFrame = [this] { countFrame(); };
+        device_.onPoll = [this] { poll(); };
     }
 
-    std::string report() const { return watch.report(); }
+    std::string report() const { return watch_.report(); }
 
 private:
     void countFrame()
     {
-        ++frames;
-        device.sounds.clear();
-        if (framesLeft > 0)
-            --framesLeft;
+        ++frames_;
+        device_.sounds.clear();
+        if (framesLeft_ > 0)
+            --framesLeft_;
     }
 
     /// The program polls once for each message and once more: that is a pass.
     void poll()
     {
-        if (pollsLeft-- > 0)
+        if (pollsLeft_-- > 0)
             return;
-        watch.check(frames);
-        pollsLeft = player.act();
-        if (framesLeft == 0) {
-            device.post(platform::WM_QUIT, 0, 0);
-            ++pollsLeft;
+        watch_.check(frames_);
+        pollsLeft_ = player_.act();
+        if (framesLeft_ == 0) {
+            device_.post(platform::WM_QUIT, 0, 0);
+            ++pollsLeft_;
         }
     }
 
-    platform::VirtualDevice &device;
-    soak::Player player;
-    soak::Watch watch;
-    std::uint64_t framesLeft;
-    std::uint64_t frames = 0;
-    int pollsLeft = 0;
+    platform::VirtualDevice &device_;
+    soak::Player player_;
+    soak::Watch watch_;
+    std::uint64_t framesLeft_;
+    std::uint64_t frames_ = 0;
+    int pollsLeft_ = 0;
 };
 
 } // namespace

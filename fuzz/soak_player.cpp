@@ -18,23 +18,23 @@ constexpr std::uint32_t kMsPerHour = 3600000;
 } // namespace
 
 Player::Player(platform::VirtualDevice &device, mygame::Program &program, std::uint32_t seed)
-    : device(device), program(program), random(seed)
+    : device_(device), program_(program), random_(seed)
 {
 }
 
-std::uint32_t Player::below(std::uint32_t limit) { return static_cast<std::uint32_t>(random()) % limit; }
+std::uint32_t Player::below(std::uint32_t limit) { return static_cast<std::uint32_t>(random_()) % limit; }
 
 bool Player::oneIn(int count) { return below(static_cast<std::uint32_t>(count)) == 0; }
 
 bool Player::isCurrent(const std::string &screen) const
 {
-    mygame::Application &application = program.application();
+    mygame::Application &application = program_.application();
     return application.currentScreen() == application.findScreen(screen);
 }
 
 int Player::send(std::uint32_t message, std::uint32_t x, std::uint32_t y)
 {
-    device.post(message, 0, y << 16 | x);
+    device_.post(message, 0, y << 16 | x);
     return 1;
 }
 
@@ -61,7 +61,7 @@ int Player::playMainMenu()
     if (!oneIn(10))
         return 0;
     // The top list ends in "Exit"; the others are shown while there is no game.
-    const mygame::GameState &state = program.state();
+    const mygame::GameState &state = program_.state();
     const bool topList = state.player.health != mygame::Player::kNoGame;
     const std::uint32_t lastSafeY = topList ? 174 : 204;
     return send(platform::WM_LBUTTONUP, 61 + below(119), 100 + below(lastSafeY - 100));
@@ -75,7 +75,7 @@ int Player::playGame()
         return send(platform::WM_LBUTTONDOWN, below(33), 297 + below(23));
     if (oneIn(40))
         return send(platform::WM_LBUTTONDOWN, 61 + below(119), 130 + below(60));
-    const auto &asteroids = program.state().asteroids;
+    const auto &asteroids = program_.state().asteroids;
     if (asteroids.empty() || !oneIn(4))
         return oneIn(20) ? tapAnywhere() : 0;
     const auto &target =
@@ -107,7 +107,10 @@ int Player::disturb()
 {
     switch (below(4)) {
     case 0:
-        device.inForeground() ? device.leaveForeground() : device.enterForeground();
+        if (device_.inForeground())
+            device_.leaveForeground();
+        else
+            device_.enterForeground();
         return 2;
     case 1:
         return pressHarmlessKey();
@@ -123,30 +126,30 @@ int Player::pressHarmlessKey()
     const bool endsOnPress = isCurrent("GAME") || isCurrent("GAME_OVER");
     const bool endsOnRelease = isCurrent("MAIN_MENU");
     const bool press = !endsOnPress && (endsOnRelease || oneIn(2));
-    device.post(press ? platform::WM_KEYDOWN : platform::WM_KEYUP, below(65536), 0);
+    device_.post(press ? platform::WM_KEYDOWN : platform::WM_KEYUP, below(65536), 0);
     return 1;
 }
 
 int Player::sendUnknownMessage()
 {
     constexpr std::uint32_t kFirstUnknown = platform::WM_LBUTTONUP + 1;
-    device.post(kFirstUnknown + below(65536), static_cast<std::uint32_t>(random()),
-                static_cast<std::uint32_t>(random()));
+    device_.post(kFirstUnknown + below(65536), static_cast<std::uint32_t>(random_()),
+                 static_cast<std::uint32_t>(random_()));
     return 1;
 }
 
 void Player::changeDevice()
 {
     if (oneIn(300))
-        device.frameBufferOn = !device.frameBufferOn;
+        device_.frameBufferOn = !device_.frameBufferOn;
     if (!oneIn(200))
         return;
     constexpr std::uint32_t kCosts[] = {0, 1, 7, 16, 16, 16, 16, 33, 100, 1000};
-    device.frameCostMs = kCosts[below(std::size(kCosts))];
+    device_.frameCostMs = kCosts[below(std::size(kCosts))];
     if (oneIn(20))
-        device.advance(below(kMsPerMinute));
+        device_.advance(below(kMsPerMinute));
     if (oneIn(500))
-        device.advance(below(kMsPerHour));
+        device_.advance(below(kMsPerHour));
 }
 
 } // namespace soak

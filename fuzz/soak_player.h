@@ -37,9 +37,9 @@ private:
     int send(std::uint32_t message, std::uint32_t x, std::uint32_t y);
     int tapAnywhere();
 
-    platform::VirtualDevice &device;
-    mygame::Program &program;
-    std::mt19937 random;
+    platform::VirtualDevice &device_;
+    mygame::Program &program_;
+    std::mt19937 random_;
 };
 
 } // namespace soak

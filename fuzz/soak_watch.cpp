@@ -43,7 +43,7 @@ bool IdWatch::take(std::set<std::int32_t> ids)
     return true;
 }
 
-Watch::Watch(mygame::Program &program) : program(program)
+Watch::Watch(mygame::Program &program) : program_(program)
 {
     for (mygame::EventType type : {mygame::kTick, mygame::kNewGame})
         mygame::EventBus::instance().subscribe(type, this);
@@ -52,9 +52,9 @@ Watch::Watch(mygame::Program &program) : program(program)
 bool Watch::onEvent(const mygame::Event &event)
 {
     if (event.type == mygame::kTick)
-        ++ticks;
+        ++ticks_;
     else
-        ++games;
+        ++games_;
     return false;
 }
 
@@ -62,36 +62,36 @@ void Watch::require(bool holds, const char *what) const
 {
     if (holds)
         return;
-    std::fprintf(stderr, "soak: frame %llu, screen %s: %s\n", static_cast<unsigned long long>(frame),
-                 lastScreen.c_str(), what);
+    std::fprintf(stderr, "soak: frame %llu, screen %s: %s\n", static_cast<unsigned long long>(frame_),
+                 lastScreen_.c_str(), what);
     std::abort();
 }
 
 void Watch::check(std::uint64_t currentFrame)
 {
-    frame = currentFrame;
+    frame_ = currentFrame;
     checkScreen();
-    if (ticks != seenTicks) {
+    if (ticks_ != seenTicks_) {
         checkTables();
         checkPlayer();
         checkQueue();
     }
-    seenTicks = ticks;
+    seenTicks_ = ticks_;
     checkMemory();
 }
 
 void Watch::checkScreen()
 {
-    const std::string current = program.currentScreenName();
+    const std::string current = program_.currentScreenName();
     require(!current.empty(), "the current screen is none of the six");
-    if (current == "SHOP" && lastScreen != "SHOP")
-        ++shopVisits;
-    lastScreen = current;
+    if (current == "SHOP" && lastScreen_ != "SHOP")
+        ++shopVisits_;
+    lastScreen_ = current;
 }
 
 void Watch::checkTables()
 {
-    const mygame::GameState &state = program.state();
+    const mygame::GameState &state = program_.state();
     require(keysMatch(state.asteroids) && keysMatch(state.missiles) && keysMatch(state.explosions),
             "a table holds a record under another key than its id");
     std::set<std::int32_t> ids;
@@ -99,16 +99,16 @@ void Watch::checkTables()
         ids.insert(ids.end(), id);
     for (const auto &[id, missile] : state.missiles)
         require(ids.insert(id).second, "an asteroid and a missile have one id");
-    require(objects.take(std::move(ids)), "an id was used again");
+    require(objects_.take(std::move(ids)), "an id was used again");
     std::set<std::int32_t> explosionIds;
     for (const auto &[id, explosion] : state.explosions)
         explosionIds.insert(explosionIds.end(), id);
-    require(explosions.take(std::move(explosionIds)), "an explosion's id was used again");
+    require(explosions_.take(std::move(explosionIds)), "an explosion's id was used again");
 }
 
 void Watch::checkPlayer() const
 {
-    const mygame::GameState &state = program.state();
+    const mygame::GameState &state = program_.state();
     require(state.player.money >= 0, "money is negative");
     require(state.player.health <= mygame::Player::kFullHealth &&
                 state.player.health >= mygame::Player::kNoGame,
@@ -121,30 +121,30 @@ void Watch::checkPlayer() const
 
 void Watch::checkQueue() const
 {
-    require(mygame::EventBus::instance().waiting() <= program.state().explosions.size() + kEventSlack,
+    require(mygame::EventBus::instance().waiting() <= program_.state().explosions.size() + kEventSlack,
             "a delivery left events in the queue");
 }
 
 void Watch::checkMemory()
 {
-    if (lastScreen != "MAIN_MENU")
+    if (lastScreen_ != "MAIN_MENU")
         return;
-    const mygame::GameState &state = program.state();
+    const mygame::GameState &state = program_.state();
     // A record in a table is one block, its sprite's frames another.
     const auto records = 2 * state.asteroids.size() + state.missiles.size() + 2 * state.explosions.size() +
-                         2 * mygame::EventBus::instance().waiting() + objects.living.size() +
-                         explosions.living.size();
+                         2 * mygame::EventBus::instance().waiting() + objects_.living.size() +
+                         explosions_.living.size();
     const std::int64_t resting = living - static_cast<std::int64_t>(records);
-    if (restingAllocations < 0)
-        restingAllocations = resting;
-    require(resting <= restingAllocations + kAllocationSlack, "memory grows");
+    if (restingAllocations_ < 0)
+        restingAllocations_ = resting;
+    require(resting <= restingAllocations_ + kAllocationSlack, "memory grows");
 }
 
 std::string Watch::report() const
 {
-    return std::to_string(games) + " games, " + std::to_string(ticks) + " simulation steps, " +
-           std::to_string(shopVisits) + " visits to the shop, " + std::to_string(objects.highest) +
-           " asteroids and missiles, " + std::to_string(explosions.highest) + " explosions";
+    return std::to_string(games_) + " games, " + std::to_string(ticks_) + " simulation steps, " +
+           std::to_string(shopVisits_) + " visits to the shop, " + std::to_string(objects_.highest) +
+           " asteroids and missiles, " + std::to_string(explosions_.highest) + " explosions";
 }
 
 } // namespace soak

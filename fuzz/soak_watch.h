@@ -41,16 +41,16 @@ private:
     void checkQueue() const;
     void checkMemory();
 
-    mygame::Program &program;
-    std::uint64_t frame = 0;
-    std::int64_t ticks = 0;     ///< Simulation steps so far.
-    std::int64_t seenTicks = 0; ///< At the last check.
-    IdWatch objects;            ///< Asteroids and missiles, which share their ids.
-    IdWatch explosions;
-    std::string lastScreen;
-    std::uint64_t shopVisits = 0;
-    std::uint64_t games = 0;
-    std::int64_t restingAllocations = -1; ///< At the first visit to the main menu.
+    mygame::Program &program_;
+    std::uint64_t frame_ = 0;
+    std::int64_t ticks_ = 0;     ///< Simulation steps so far.
+    std::int64_t seenTicks_ = 0; ///< At the last check.
+    IdWatch objects_;            ///< Asteroids and missiles, which share their ids.
+    IdWatch explosions_;
+    std::string lastScreen_;
+    std::uint64_t shopVisits_ = 0;
+    std::uint64_t games_ = 0;
+    std::int64_t restingAllocations_ = -1; ///< At the first visit to the main menu.
 };
 
 } // namespace soak

@@ -1,12 +1,11 @@
 /// The rules' operations on asteroids and missiles.
 #include "game/game_rules.h"
 
-#include <cstdlib>
-
 #include "game/events.h"
 #include "game/game_state.h"
 #include "game/physics.h"
 #include "platform/clock.h"
+#include "platform/random.h"
 #include "shell/event_bus.h"
 
 namespace mygame
@@ -38,10 +37,10 @@ void GameRules::spawnAsteroid()
     asteroid.id = id;
     asteroid.flightMs = state->asteroidFlightMs;
     asteroid.spawnTime = platform::GetTickCount();
-    asteroid.startX = std::rand() % kAsteroidXRange;
-    asteroid.targetX = std::rand() % kAsteroidXRange;
+    asteroid.startX = platform::rand() % kAsteroidXRange;
+    asteroid.targetX = platform::rand() % kAsteroidXRange;
     asteroid.targetY = kAsteroidTargetY;
-    asteroid.startY = std::rand() % kAsteroidStartYRange + kAsteroidStartY;
+    asteroid.startY = platform::rand() % kAsteroidStartYRange + kAsteroidStartY;
     asteroid.x = asteroid.startX;
     asteroid.y = asteroid.startY;
     bus().post<AsteroidSpawnedEvent>(id);

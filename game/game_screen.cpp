@@ -1,12 +1,12 @@
 #include "game/game_screen.h"
 
-#include <cstdlib>
 #include <iterator>
 
 #include "game/events.h"
 #include "game/game_state.h"
 #include "graphics/image_loading.h"
 #include "platform/clock.h"
+#include "platform/random.h"
 #include "platform/sound.h"
 #include "screens/screen_names.h"
 #include "shell/application.h"
@@ -220,7 +220,7 @@ void GameScreen::dressAsteroid(std::int32_t id)
     if (found == state->asteroids.end())
         return;
     AnimatedSprite &sprite = found->second.sprite;
-    sprite = asteroidSprites[std::rand() % kAsteroidKinds];
+    sprite = asteroidSprites[platform::rand() % kAsteroidKinds];
     startLooping(sprite);
 }
 

@@ -1,12 +1,11 @@
 #include "shell/startup.h"
 
-#include <cstdlib>
-
 #include "game/game_rules.h"
 #include "game/game_screen.h"
 #include "game/game_state.h"
 #include "graphics/image_loading.h"
 #include "platform/clock.h"
+#include "platform/random.h"
 #include "screens/game_over_screen.h"
 #include "screens/main_menu_screen.h"
 #include "screens/screen_names.h"
@@ -41,7 +40,7 @@ void loadCap(Surface &cap, const char16_t *file)
 
 Program::Program() : application_(std::make_unique<Application>())
 {
-    std::srand(platform::GetTickCount());
+    platform::srand(platform::GetTickCount());
     state_ = std::make_unique<GameState>();
     rules = std::make_unique<GameRules>();
     gameScreen = std::make_unique<GameScreen>();

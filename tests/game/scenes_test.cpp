@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "graphics/image_loading.h"
+#include "platform/random.h"
 #include "tests/game/game_test.h"
 #include "replay/picture_file.h"
 
@@ -43,7 +44,7 @@ struct Scenes : GameTest, testing::WithParamInterface<Scene> {
         constexpr std::int32_t kAsteroids[][2] = {{60, 90},  {225, 12},  {4, 14},
                                                   {120, 14}, {230, 284}, {150, 150}};
         play(mode);
-        std::srand(2); // Each of the four looks comes up.
+        platform::srand(2); // Each of the four looks comes up.
         state.asteroids.clear();
         for (std::int32_t id = 1; const auto &[x, y] : kAsteroids) {
             hang(id, x, y);

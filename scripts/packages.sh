@@ -4,7 +4,7 @@
 PLAY_PACKAGES="cmake g++ libasound2-dev libjpeg-dev libpng-dev libsdl2-dev libx11-dev ninja-build zlib1g-dev"
 TEST_PACKAGES="$PLAY_PACKAGES imagemagick libbenchmark-dev libgtest-dev libxtst-dev nlohmann-json3-dev openbox wmctrl x11-utils xdotool xvfb"
 ART_PACKAGES="g++ imagemagick libjpeg-dev libpng-dev librsvg2-bin povray povray-includes sox"
-ARM_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf qemu-user"
+CROSS_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf g++-s390x-linux-gnu qemu-user"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
 
 fail()

@@ -1,0 +1,81 @@
+#!/bin/sh
+# Shows that the game is the same on other processors: builds logic, tests and `replay` for 32-bit ARM, and for s390x,
+# whose numbers begin with their high byte, runs the tests in an emulator, and compares the traces of all recorded games,
+# byte for byte, with those of the release build.
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+# The decoders' libraries and GoogleTest; SDL is not needed without a window.
+libraries="libgtest-dev libjpeg62-turbo-dev libpng-dev nlohmann-json3-dev zlib1g-dev"
+
+# fetch_libraries ARCHITECTURE: Debian's packages for it, without making them part of this system.
+fetch_libraries()
+{
+    root=build/$1-root
+    [ ! -e "$root/complete" ] || return 0
+    state=$PWD/build/$1-packages
+    mkdir -p "$state/lists/partial" "$state/cache/archives/partial" "$state/deb" "$root"
+    : > "$state/status"
+    cat >"$state/apt.conf" <<CONF
+APT::Architecture "$1";
+APT::Architectures "$1";
+APT::Sandbox::User "";
+Dir::State "$state";
+Dir::State::status "$state/status";
+Dir::Cache "$state/cache";
+CONF
+    export APT_CONFIG="$state/apt.conf"
+    echo "Fetching packages for $1: $libraries"
+    # shellcheck disable=SC2086 # one word a package
+    # One of several package lists may be out of reach: what counts is that the packages come.
+    (cd "$state/deb" && { apt-get -qq update 2>/dev/null || true; } && apt-get -qq download $libraries) ||
+        fail "cannot fetch Debian's packages for $1"
+    unset APT_CONFIG
+    for package in "$state"/deb/*.deb; do
+        dpkg -x "$package" "$root"
+    done
+    touch "$root/complete"
+}
+
+trace() # trace BUILD SCRIPT FILE [EMULATOR]
+{
+    ${4:-} "build/$1/bin/replay" "$2" --data data --trace "$3" --snapshots build/traces/snapshots 2>/dev/null ||
+        echo "exit code $?" >>"$3"
+}
+
+# compare_traces ARCHITECTURE EMULATOR
+compare_traces()
+{
+    mkdir -p build/traces
+    count=0
+    for script in tests/replays/*.txt replay/demo.txt; do
+        name=$(basename "$script" .txt)
+        (cd build/traces && rm -f "$name".*)
+        trace release "$script" "build/traces/$name.here"
+        trace "$1" "$script" "build/traces/$name.$1" "$2"
+        cmp "build/traces/$name.here" "build/traces/$name.$1" || fail "$script: $1 shows something else"
+        count=$((count + 1))
+    done
+    echo "$count recorded games are the same on $1, byte for byte"
+}
+
+# try_processor ARCHITECTURE TRIPLET EMULATOR: by the names that Debian, compilers and QEMU have for it.
+try_processor()
+{
+    fetch_libraries "$1"
+    cmake -S . -B "build/$1" -G Ninja --log-level=WARNING --toolchain cmake/cross.cmake -DTRIPLET="$2" \
+        -DCROSS_ROOT="$PWD/build/$1-root" -DCMAKE_CROSSCOMPILING_EMULATOR="$3" \
+        -DCMAKE_BUILD_TYPE=Release -DDESKTOP=OFF >/dev/null
+    cmake --build "build/$1" -- --quiet
+    # Files that are damaged in every way take long in the emulator, and the decoders are not ours.
+    ctest --test-dir "build/$1" --output-on-failure --no-tests=error --parallel "$(nproc)" --exclude-regex BadData
+    compare_traces "$1" "$3"
+}
+
+# shellcheck disable=SC2086 # one word a package
+install_missing $CROSS_PACKAGES
+cmake --preset release --log-level=WARNING >/dev/null
+cmake --build --preset release --target replay -- --quiet
+try_processor armhf arm-linux-gnueabihf qemu-arm
+try_processor s390x s390x-linux-gnu qemu-s390x

@@ -9,10 +9,10 @@
 namespace platform
 {
 
-/// Aligned, so that the lowest bit of a handle can carry a mark.
-struct alignas(2) Window {
+struct Window {
     const char *name;
 };
+static_assert(alignof(Window) > 1, "the lowest bit of a handle can carry a mark");
 
 namespace
 {

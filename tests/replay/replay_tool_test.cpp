@@ -166,7 +166,7 @@ std::string filmPicture(const std::string &path)
     std::string rgb;
     for (std::size_t i = 0; i < picture.rowBytes() * static_cast<std::size_t>(picture.height);
          i += platform::common::Picture::kPixelBytes)
-        for (const std::size_t channel : {2, 1, 0})
+        for (const std::size_t channel : {2u, 1u, 0u})
             rgb += static_cast<char>(picture.pixels[i + channel]);
     return rgb;
 }

@@ -16,7 +16,7 @@ namespace
 
 using std::filesystem::exists;
 
-constexpr const char *kData = " --data '" DATA_FOLDER "'";
+constexpr const char *kData = " --data \"" DATA_FOLDER "\"";
 
 struct ReplayTool : DeviceTest {
     /// Runs a script with a trace, and returns the trace.

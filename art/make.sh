@@ -1,8 +1,9 @@
 #!/bin/sh
-# Makes every picture and sound of the game again from art/ and writes them to data/. For Debian 12.
+# Makes every picture and sound of the game again from art/ and writes them to data/. For Debian 12 and 13.
 set -eu
-cd "$(dirname "$0")/.."
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
+take_arguments "" "Makes every picture and sound of the game again from art/ and writes them to data/." "$@"
 
 # shellcheck disable=SC2086 # one word a package
 install_missing $ART_PACKAGES

@@ -2,11 +2,13 @@
 # Measures what the window costs without a graphics processor, and what a player feels: a 1280 x 1024 display on
 # which the picture is three times the handheld's screen, and a full screen of 1920 x 1080, where it is 3.375 times.
 # Prints the figures beside their goals; fails when one is missed. Nothing else should run meanwhile.
-#   window_figures.sh [FOLDER_OF_THE_PROGRAMS, build/release/bin by default]
 set -eu
 
+. "$(dirname "$(readlink -f "$0")")/../scripts/packages.sh"
+take_arguments "[FOLDER_OF_THE_PROGRAMS]" "Measures what the window costs and what a player feels, and fails when a goal is
+missed. Takes the programs from build/release/bin where no folder is given." "$@"
 # shellcheck source=tests/support/device_demo.sh
-. "$(dirname "$0")/../tests/support/device_demo.sh"
+. "$(dirname "$(readlink -f "$0")")/../tests/support/device_demo.sh"
 
 seconds=10
 starts=9

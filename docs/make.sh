@@ -2,8 +2,9 @@
 # Makes the README's pictures from a recorded game: two screens, and an animated picture of a part of it.
 # Needs the release build (./test.sh or ./play.sh).
 set -eu
-cd "$(dirname "$0")/.."
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
+take_arguments "" "Makes the README's pictures from a recorded game, with the release build of ./test.sh or ./play.sh." "$@"
 
 docs=$PWD/docs
 replay=$PWD/build/release/bin/replay

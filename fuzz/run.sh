@@ -1,19 +1,24 @@
 #!/bin/sh
-# Lets each fuzzer try inputs for some seconds, under the sanitizers. Usage: fuzz/run.sh SECONDS
+# Lets each fuzzer try inputs for some seconds, under the sanitizers.
 # Inputs of interest stay in build/fuzz/found, and the next run begins with them. One that shows a fault is named;
 # once the fault is mended it belongs into fuzz/corpus, whose inputs are tried with the tests.
 set -eu
-cd "$(dirname "$0")/.."
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
 
-seconds=${1:?usage: fuzz/run.sh SECONDS}
+take_arguments SECONDS "Lets each fuzzer try inputs for so long, under the sanitizers." "$@"
+seconds=${1:-}
+case $seconds in
+"" | *[!0-9]*) bad_use "'$seconds' is no number of seconds" ;;
+esac
+
 sanitizers="-fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno-sanitize=vptr -fno-sanitize-recover=all"
 # shellcheck disable=SC2086 # one word a package
-install_missing $TEST_PACKAGES clang
-cmake -S . -B build/fuzz -G Ninja --log-level=WARNING -DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=ON -DFUZZERS=ON \
+install_missing $FUZZ_PACKAGES
+configure -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=ON -DFUZZERS=ON \
     -DCMAKE_CXX_COMPILER=clang++ \
-    -DCMAKE_CXX_FLAGS="-O1 -fno-omit-frame-pointer -Wno-unknown-warning-option $sanitizers" >/dev/null
-cmake --build build/fuzz --target picture_fuzzer script_fuzzer -- --quiet
+    -DCMAKE_CXX_FLAGS="-O1 -fno-omit-frame-pointer -Wno-unknown-warning-option $sanitizers"
+build build/fuzz --target picture_fuzzer script_fuzzer
 
 # fuzz NAME FOLDER...: tries what is in the folders, and what comes of it, until the time is over.
 fuzz()

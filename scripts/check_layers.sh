@@ -4,6 +4,7 @@
 set -eu
 cd "${1:-$(dirname "$0")/..}"
 
+# shellcheck disable=SC2016 # $0 is awk's
 find platform graphics shell screens game replay program -name '*.cpp' -o -name '*.h' | sort |
     xargs awk '
     # What each layer may include beside itself. What is allowed to one layer is not passed on to those above.

@@ -1,10 +1,13 @@
-# Debian packages that the scripts need, and how they get them. To be sourced.
+# What the scripts share: Debian packages and how they get them, building, arguments. To be sourced.
 # shellcheck shell=sh disable=SC2034 # the lists are for the scripts that source this
 
-PLAY_PACKAGES="cmake g++ libasound2-dev libjpeg-dev libpng-dev libsdl2-dev libx11-dev ninja-build zlib1g-dev"
+# The last one draws the window's title bar on desktops that leave it to the program.
+PLAY_PACKAGES="cmake g++ libasound2-dev libjpeg-dev libpng-dev libsdl2-dev libx11-dev ninja-build zlib1g-dev libdecor-0-plugin-1-cairo"
 TEST_PACKAGES="$PLAY_PACKAGES imagemagick libbenchmark-dev libgtest-dev libxtst-dev nlohmann-json3-dev openbox wmctrl x11-utils xdotool xvfb"
 ART_PACKAGES="g++ imagemagick libjpeg-dev libpng-dev librsvg2-bin povray povray-includes sox"
 CROSS_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf g++-s390x-linux-gnu qemu-user"
+# The sanitizers of clang are a package of their own, and so is what finds the lines of their reports.
+FUZZ_PACKAGES="$TEST_PACKAGES clang libclang-rt-dev llvm"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
 
 fail()
@@ -13,15 +16,55 @@ fail()
     exit 1
 }
 
-# as_root COMMAND...: runs it as root, asking for a password only where somebody can answer.
+# bad_use MESSAGE: one line, and the exit status of an argument that cannot be meant.
+bad_use()
+{
+    echo "${0##*/}: $*; see $0 --help" >&2
+    exit 2
+}
+
+# take_arguments NAMES WHAT ARGUMENT...: explains the script at --help, by the names of its arguments and what it does;
+# takes no more arguments than there are names, and no option.
+take_arguments()
+{
+    names=$1
+    help="usage: $0${names:+ $names}
+$2"
+    shift 2
+    if [ "$*" = --help ]; then
+        echo "$help"
+        exit
+    fi
+    for argument; do
+        case $argument in
+        -*) bad_use "unknown argument '$argument'" ;;
+        esac
+        [ -n "$names" ] || bad_use "unknown argument '$argument'"
+        names=${names#"${names%% *}"}
+        names=${names# }
+    done
+}
+
 as_root()
 {
     if [ "$(id -u)" -eq 0 ]; then
         "$@"
-    elif [ -t 0 ]; then
-        sudo "$@"
     else
-        sudo -n "$@"
+        sudo "$@"
+    fi
+}
+
+# Asks for a password only where somebody can answer.
+can_be_root()
+{
+    if [ "$(id -u)" -eq 0 ]; then
+        return 0
+    elif ! command -v sudo >/dev/null; then
+        return 1
+    elif (: </dev/tty) 2>/dev/null; then
+        sudo true
+    else
+        sudo -n true 2>/dev/null
     fi
 }
 
@@ -41,10 +84,29 @@ install_missing()
         esac
     done
     [ -n "$missing" ] || return 0
-    echo "Installing Debian packages:$missing"
-    as_root true 2>/dev/null || fail "neither root nor able to use sudo; as root run: apt-get install$missing"
-    as_root apt-get -qq update || fail "cannot fetch Debian's package lists; is there a network?"
+    echo "Missing Debian packages:$missing"
+    can_be_root || fail "installing them takes root or sudo. As root, run:
+    apt-get update
+    apt-get install --no-install-recommends$missing"
+    echo "Installing them ..."
+    # A package list that cannot be had, somebody else's for instance, does no harm where the packages come all the same.
+    as_root apt-get -qq update || true
     # shellcheck disable=SC2086 # one word a package
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -y --no-install-recommends install $missing \
-        >/dev/null || fail "cannot install:$missing"
+    as_root env DEBIAN_FRONTEND=noninteractive DEBCONF_NOWARNINGS=yes \
+        apt-get -qq -y --no-install-recommends install $missing >/dev/null ||
+        fail "cannot install the packages; is there a network?"
+}
+
+# configure OPTION...: by CMake. Warnings are errors where WARNINGS_AS_ERRORS is set, as in CI.
+configure()
+{
+    cmake "$@" --log-level=WARNING ${WARNINGS_AS_ERRORS:+-DCMAKE_COMPILE_WARNING_AS_ERROR=ON} >/dev/null ||
+        fail "cannot prepare the build"
+}
+
+# build OPTION...: what is configured, as CMake's own --build takes it.
+build()
+{
+    echo "Building ..."
+    cmake --build "$@" -- --quiet || fail "cannot build"
 }

@@ -4,6 +4,7 @@
 set -eu
 
 programs=$(cd "$1" && pwd)
+# shellcheck source=tests/support/display.sh
 . "$(dirname "$0")/../support/display.sh"
 
 # says EXIT_CODE OUTPUT ERRORS ARGUMENT...: both as patterns.

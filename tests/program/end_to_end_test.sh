@@ -5,6 +5,7 @@
 set -eu
 
 programs=$(cd "$1" && pwd)
+# shellcheck source=tests/support/display.sh
 . "$(dirname "$0")/../support/display.sh"
 start_display
 cd "$work"

@@ -5,6 +5,7 @@
 set -eu
 
 programs=$(cd "$1" && pwd)
+# shellcheck source=tests/support/display.sh
 . "$(dirname "$0")/../support/display.sh"
 
 # ends_well WHAT: the game ends by itself, and its log is whole, unless $folder is none: there can be no log then.
@@ -60,20 +61,27 @@ test_folders()
     stop "in a folder that cannot be written"
 }
 
-# has_open FILE: whether the game has it open.
-has_open() { readlink /proc/$game/fd/* | grep -qxF "$1"; }
+# Lets no file grow beyond a kilobyte: writing more fails.
+limit_files()
+{
+    trap '' XFSZ
+    ulimit -f 1
+}
 
-# The sound device is a file there: one that cannot be opened, and one that fails as soon as it gets a sound, as
-# a device does that was pulled out.
+is_full() { [ "$(stat -c %s "$1")" -eq 1024 ]; }
+
+# The sound device is a file there: one that cannot be opened, and one that fails soon after it got a sound, as a
+# device does that was pulled out.
 test_sound()
 {
-    local device
+    local device limit
     new_folder
-    for device in "$work" /dev/full; do
-        SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE=$device start "$folder"
+    for device in "$work" "$work/played"; do
+        [ "$device" = "$work" ] && limit= || limit=limit_files
+        SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE=$device start "$folder" $limit
         start_game
         make_noise
-        [ "$device" = "$work" ] || wait_for "the sound device to be opened" has_open "$device"
+        [ -z "$limit" ] || wait_for "the sound device to fail" is_full "$device"
         make_noise
         moves || fail "nothing moves without a sound device"
         stop "with the sound device $device"

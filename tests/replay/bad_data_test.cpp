@@ -49,7 +49,7 @@ std::string play(const std::vector<std::string> &replaced, const std::string &by
         std::filesystem::create_symlink(isGood ? DATA_FOLDER "/" + name : PICTURES_FOLDER "/" + by,
                                         "data/" + name);
     }
-    const Outcome run = runReplay("'" REPLAYS_FOLDER "/all-screens.txt' --data data --trace trace");
+    const Outcome run = runReplay("\"" REPLAYS_FOLDER "/all-screens.txt\" --data data --trace trace");
     EXPECT_EQ(run.exit, 0) << by;
     EXPECT_EQ(run.output + run.errors, "") << by;
     EXPECT_TRUE(readFile("log.txt").ends_with("Main loop stopped")) << by;

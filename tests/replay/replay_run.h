@@ -26,7 +26,7 @@ struct ReplayTest : DeviceTest {
     Outcome play(const std::string &script, const std::string &arguments = "")
     {
         writeFile("script", script);
-        return run = runReplay("script --data '" DATA_FOLDER "' " + arguments);
+        return run = runReplay("script --data \"" DATA_FOLDER "\" " + arguments);
     }
 
     /// Runs a script with a trace, and returns the trace.

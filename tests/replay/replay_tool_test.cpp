@@ -93,7 +93,7 @@ TEST_F(ReplayTool, WritesTheSameBytesEveryTime)
     const std::string trace = traceOf(script);
     EXPECT_EQ(run.output + run.errors, "");
     EXPECT_EQ(trace, traceOf(script));
-    EXPECT_EQ(trace, runReplay("script --trace - --data '" DATA_FOLDER "'").output);
+    EXPECT_EQ(trace, runReplay("script --trace - --data \"" DATA_FOLDER "\"").output);
     EXPECT_EQ(std::ranges::count(trace, '\n'), 251);
     std::string first = trace.substr(0, trace.find('\n'));
     first.replace(first.find("crc") + 6, 8, "........");

@@ -28,7 +28,7 @@ const std::regex kNoFact(" *(?:#.*)?");
 Json evidenceOf(const std::string &name)
 {
     std::filesystem::copy(kReplays / (name + ".txt"), ".");
-    const Outcome run = runReplay(name + ".txt --data '" DATA_FOLDER "' --trace trace");
+    const Outcome run = runReplay(name + ".txt --data \"" DATA_FOLDER "\" --trace trace");
     Json frames = Json::array();
     std::string screens, last;
     std::istringstream trace(readFile("trace"));

@@ -2,6 +2,7 @@
 # programs as the script's argument.
 # shellcheck shell=bash disable=SC2034
 
+# shellcheck source=tests/support/display.sh
 . "$(dirname "${BASH_SOURCE[0]}")/display.sh"
 
 programs=$(realpath "${1:-$project/build/release/bin}")

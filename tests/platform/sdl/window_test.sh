@@ -77,7 +77,7 @@ test_layout()
     [ $width -le "$1" ] || width=$1 height=$(($1 * 320 / 240))
     whole=$((width / 240))
     [ $((whole * 2400)) -lt $((width * 9)) ] || width=$((whole * 240)) height=$((whole * 320))
-    [ $width -ge 240 ] || first=$((120 / width)) # The middle one of those that share a pixel.
+    [ "$width" -ge 240 ] || first=$((120 / width)) # The middle one of those that share a pixel.
     left=$((($1 - width) / 2)) top=$((($2 - height) / 2))
     right=$((left + width - 1)) bottom=$((top + height - 1))
     eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y)=')"
@@ -91,9 +91,9 @@ test_layout()
         "down $first $first" "up $first $first" "down $last_x $first" "up $last_x $first" \
         "down $first $last_y" "up $first $last_y" "down $last_x $last_y" "up $last_x $last_y" \
         "down $middle" "up $middle"
-    [ $width -ge 240 ] || return 0
+    [ "$width" -ge 240 ] || return 0
     local wanted="FFFFFF FFFFFF FFFFFF FFFFFF" places="$left,$top $right,$top $left,$bottom $right,$bottom"
-    if [ $width -ge 480 ]; then
+    if [ "$width" -ge 480 ]; then
         # The middle of the second pixel's place is the background's colour, exactly.
         wanted+=" 10204A" places+=" $((left + width * 3 / 480)),$((top + height * 3 / 640))"
     fi

@@ -41,7 +41,7 @@ echo "scenes"
 for scene in bg menu game_over; do
     render "$scene" "$scene.png" 960 1280
 done
-./pack scene "$data/bg.jpg" 8 190 0.7 bg.png frame.png
+./pack scene "$data/bg.jpg" 8 190 0.95 bg.png frame.png
 ./pack scene "$data/menu.jpg" 9 260 1.1 menu.png title.png
 ./pack scene "$data/game_over.jpg" 42 220 0.9 game_over.png
 
@@ -58,8 +58,8 @@ rock 3 asteroid3.png 10182C,1E2E4C,32486C,4E688E,728EB0,9CB6CE,C6D8E4,F0FAFF
 rock 4 asteroid4.png 1C1A1E,38301C,5E4A20,88682A,B28C3A,D4AE54,ECCE80,FFF2C0
 
 echo "satellite, missile, blast"
-render satellite satellite.png 360 336
-./pack picture "$data/satellite.png" 30 28 0.35 satellite.png
+render satellite satellite.png 360 360
+./pack picture "$data/satellite.png" 30 30 0.35 satellite.png
 convert "$art/missile.xpm" -strip PNG32:missile.png
 ./pack dots "$data/missile.png" missile.png
 ./explosion .

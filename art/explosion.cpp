@@ -1,6 +1,6 @@
 // Renders the blast: a cloud of burning puffs that bursts, cools from the outside in, breaks and thins out to
-// smoke, marched through ray by ray and reduced to a few colours; embers, splinters and the glow around it are
-// set pixel by pixel.
+// smoke, marched through ray by ray and reduced to a few colours; embers, splinters and the glow around it
+// are set pixel by pixel.
 #include <cstdio>
 #include <limits>
 #include <string>
@@ -15,8 +15,8 @@ namespace
 {
 
 constexpr int kFrames = 20;
-constexpr int kSize = 64;   // pixels of the finished frame
-constexpr int kSamples = 4; // samples a pixel and direction
+constexpr int kSize = 64;     // pixels of the finished frame
+constexpr int kSamples = 4;   // samples a pixel and direction
 constexpr double kReach = 27; // pixels that make one unit of length: the cloud's radius
 constexpr double kTurn = 6.2831853;
 
@@ -32,8 +32,8 @@ Vec spread(int i, int count, double twist)
     return {r * std::cos(a), z, r * std::sin(a)};
 }
 
-/// A heart that burns at once, a shell that flies out, and stragglers that burst through it later, so that the
-/// outline changes all the time.
+/// A heart that burns at once, a shell that flies out, and stragglers that burst through it later, so that
+/// the outline changes all the time.
 std::vector<Puff> makePuffs()
 {
     constexpr int kHeart = 12, kShell = 26, kLate = 12;
@@ -93,16 +93,15 @@ Vec fireColour(double heat)
 
 Vec smokeColour(double light)
 {
-    static const std::vector<std::pair<double, Vec>> kRamp = {{0.0, hex(0x22242E)},
-                                                              {0.3, hex(0x3C3E48)},
-                                                              {0.6, hex(0x5A5C65)},
-                                                              {1.0, hex(0x909094)}};
+    static const std::vector<std::pair<double, Vec>> kRamp = {
+        {0.0, hex(0x22242E)}, {0.3, hex(0x3C3E48)}, {0.6, hex(0x5A5C65)}, {1.0, hex(0x909094)}};
     return along(kRamp, light);
 }
 
 /// The only colours of the finished blast: few enough that its shapes read.
-const std::uint32_t kPalette[] = {0xFFFFF4, 0xFFF4B4, 0xFFD860, 0xFFB040, 0xFF8A28, 0xEE6420, 0xC8401A, 0x9A2A1A,
-                                  0x6A201C, 0x402024, 0x22242E, 0x34363F, 0x4A4C56, 0x66686F, 0x84868A, 0xA4A4A6};
+const std::uint32_t kPalette[] = {0xFFFFF4, 0xFFF4B4, 0xFFD860, 0xFFB040, 0xFF8A28, 0xEE6420,
+                                  0xC8401A, 0x9A2A1A, 0x6A201C, 0x402024, 0x22242E, 0x34363F,
+                                  0x4A4C56, 0x66686F, 0x84868A, 0xA4A4A6};
 
 Vec inPalette(Vec colour)
 {
@@ -147,7 +146,8 @@ Sample sampleAt(const std::vector<Ball> &balls, const Vec &p, double t)
     const double glow = smooth(1.9 * core, 0.25 * core, aside + 0.22 * rough) * smooth(0.66, 0.46, t);
     const double rim = smooth(0.02, 0.55, body);
     const double heat = 0.30 + 0.26 * rim + 0.52 * glow + (0.10 + 0.40 * smooth(0.03, 0.25, t)) * rough -
-                        0.16 * smooth(0.08, 0.34, t) - 0.46 * smooth(0.34, 0.70, t) - 0.3 * smooth(0.6, 0.85, t);
+                        0.16 * smooth(0.08, 0.34, t) - 0.46 * smooth(0.34, 0.70, t) -
+                        0.3 * smooth(0.6, 0.85, t);
     return {density, clamp01(heat)};
 }
 
@@ -175,13 +175,6 @@ Pixel march(const std::vector<Ball> &balls, double x, double y, double t)
     return {alpha > 0 ? colour * (1 / alpha) : Vec{}, alpha};
 }
 
-/// An even pattern of thresholds, 0 to 1.
-double threshold(int x, int y)
-{
-    constexpr int kBayer[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
-    return (kBayer[y & 3][x & 3] + 0.5) / 16;
-}
-
 /// The cloud, reduced to the finished size; thinning smoke leaves out pixels.
 Picture cloudAt(const std::vector<Ball> &balls, double t)
 {
@@ -191,7 +184,8 @@ Picture cloudAt(const std::vector<Ball> &balls, double t)
             Vec sum;
             double cover = 0;
             for (int k = 0; k < kSamples * kSamples; ++k) {
-                const double sx = x + (k % kSamples + 0.5) / kSamples, sy = y + (k / kSamples + 0.5) / kSamples;
+                const int column = k % kSamples, row = k / kSamples;
+                const double sx = x + (column + 0.5) / kSamples, sy = y + (row + 0.5) / kSamples;
                 const Pixel p = march(balls, (sx - kSize / 2.0) / kReach, (kSize / 2.0 - sy) / kReach, t);
                 sum = sum + p.colour * p.alpha;
                 cover += p.alpha;
@@ -225,7 +219,8 @@ void addGlow(Picture &picture, double t)
             if (r * kReach > kSize / 2.0 - 0.5)
                 continue;
             const double gaps = 0.45 + 1.5 * noise({px / r * 2.7, py / r * 2.7, 3 + 5 * t});
-            const double glow = 0.78 * glowing * std::exp(-std::max(0.0, r - fire) / 0.16) * (0.85 + 0.6 * noise({px * 2.4, py * 2.4, 7 + 4 * t}));
+            const double glow = 0.78 * glowing * std::exp(-std::max(0.0, r - fire) / 0.16) *
+                                (0.85 + 0.6 * noise({px * 2.4, py * 2.4, 7 + 4 * t}));
             const double line = 0.95 * ringing * gaps * smooth(0.085, 0.0, std::fabs(r - ring));
             const double at = threshold(x, y);
             if (line > at * 0.8)
@@ -264,7 +259,8 @@ void addSplinters(Picture &picture, double t)
 {
     constexpr std::uint32_t kSplinters = 11;
     for (std::uint32_t i = 0; i < kSplinters; ++i) {
-        const double angle = kTurn * (i + 0.8 * chance(i, 41)) / kSplinters, life = 0.50 + 0.38 * chance(i, 43);
+        const double angle = kTurn * (i + 0.8 * chance(i, 41)) / kSplinters,
+                     life = 0.50 + 0.38 * chance(i, 43);
         const double age = t - 0.04;
         if (age <= 0 || age > life)
             continue;

@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 install_missing $ART_PACKAGES
 mkdir -p build/art data
 for program in earthmap rocks explosion pack; do
-    g++ -std=c++20 -O2 -Wall -Wextra -I. art/$program.cpp art/picture.cpp -o build/art/$program -lpng -ljpeg
+    g++ -std=c++20 -O2 -Wall -Wextra -Wconversion -Wshadow -I. art/$program.cpp art/picture.cpp -o build/art/$program -lpng -ljpeg
 done
 
 # From here every path is relative to this folder: the renderer takes none that holds a space.

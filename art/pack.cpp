@@ -71,28 +71,22 @@ void sharpen(Picture &picture, double strength)
         }
 }
 
-constexpr int kBayer[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
-
-/// The nearest value that the 16-bit screen can show, as the byte that packs to it; `shift` in steps dithers.
-std::uint8_t screenByte(double linear, int bits, double shift)
+/// The nearest value that the 16-bit screen can show, as the byte that packs to it.
+std::uint8_t screenByte(double linear, int bits)
 {
     const int most = (1 << bits) - 1;
-    const int level = std::clamp(static_cast<int>(std::floor(toSrgb(linear) * most + 0.5 + shift)), 0, most);
+    const auto level = static_cast<int>(std::floor(toSrgb(linear) * most + 0.5));
     return static_cast<std::uint8_t>(bits == 5 ? level << 3 | level >> 2 : level << 2 | level >> 4);
 }
 
-Rgb screenColour(Vec c, double shift = 0)
-{
-    return {screenByte(c.x, 5, shift), screenByte(c.y, 6, shift), screenByte(c.z, 5, shift)};
-}
+Rgb screenColour(Vec c) { return {screenByte(c.x, 5), screenByte(c.y, 6), screenByte(c.z, 5)}; }
 
 /// An object's pixel must never be the key, black: its darkest shade is a night blue.
 Rgb solid(Rgb c) { return c[0] < 8 && c[1] < 8 && c[2] < 16 ? Rgb{8, 8, 16} : c; }
 
-Sheet cutOut(const std::string &in, int width, int height, double sharpness)
+/// The picture on the key black.
+Sheet cutOut(const Picture &picture)
 {
-    Picture picture = reduced(readPicture(in), width, height);
-    sharpen(picture, sharpness);
     return mapped(picture,
                   [](const Pixel &p) { return p.alpha >= 0.5 ? solid(screenColour(p.colour)) : kBlack; });
 }
@@ -111,8 +105,8 @@ Sheet outlined(const Sheet &sheet)
     return result;
 }
 
-/// A rendering in shades of grey, painted in a few colours from dark to bright; what lies between two of them is
-/// shared out by a pattern, a little.
+/// A rendering in shades of grey, painted in a few colours from dark to bright; what lies between two of them
+/// is shared out by a pattern, a little.
 Sheet painted(const std::string &in, int width, int height, const std::vector<Vec> &colours)
 {
     constexpr double kMix = 0.35;
@@ -124,7 +118,7 @@ Sheet painted(const std::string &in, int width, int height, const std::vector<Ve
             if (p.alpha < 0.5)
                 continue;
             const double light = toSrgb(dot(p.colour, {0.3, 0.6, 0.1}));
-            const double shift = kMix * ((kBayer[y & 3][x & 3] + 0.5) / 16 - 0.5);
+            const double shift = kMix * (threshold(x, y) - 0.5);
             const auto last = static_cast<int>(colours.size()) - 1;
             const int level = std::clamp(static_cast<int>(light * (last + 1) + shift), 0, last);
             sheet.at(x, y) = solid(screenColour(colours[static_cast<std::size_t>(level)]));
@@ -181,7 +175,8 @@ void writeStrip(const std::string &out, const std::vector<Sheet> &frames, Rgb ke
 using Files = std::vector<std::string>;
 
 /// One frame for each file.
-template <class MakeFrame> void packStrip(const std::string &out, const Files &in, Rgb key, MakeFrame makeFrame)
+template <class MakeFrame>
+void packStrip(const std::string &out, const Files &in, Rgb key, MakeFrame makeFrame)
 {
     std::vector<Sheet> frames;
     for (const std::string &file : in)
@@ -322,7 +317,8 @@ struct Sky {
     double nebula;
 };
 
-/// A rendering before the sky; `overlay`, unless empty, is a picture of the finished size that lies over both.
+/// A rendering before the sky; `overlay`, unless empty, is a picture of the finished size that lies over
+/// both.
 void packScene(const std::string &out, const Sky &look, const std::string &in, const std::string &overlay)
 {
     constexpr int kWidth = 240, kHeight = 320;
@@ -345,9 +341,10 @@ void packScene(const std::string &out, const Sky &look, const std::string &in, c
 
 } // namespace
 
-constexpr const char *kUsage = "usage: pack rock OUT SIZE COLOURS FRAME... | blast OUT FRAME... | dots OUT IN\n"
-                               "       pack picture OUT WIDTH HEIGHT SHARPNESS IN\n"
-                               "       pack scene OUT SEED STARS NEBULA IN [OVERLAY]";
+constexpr const char *kUsage =
+    "usage: pack rock OUT SIZE COLOURS FRAME... | blast OUT FRAME... | dots OUT IN\n"
+    "       pack picture OUT WIDTH HEIGHT SHARPNESS IN\n"
+    "       pack scene OUT SEED STARS NEBULA IN [OVERLAY]";
 
 int main(int argc, char **argv)
 {
@@ -362,17 +359,14 @@ int main(int argc, char **argv)
     } else if (what == "blast" && a.size() >= 3) {
         packStrip(a[1], rest(2), kMagenta, blastFrame);
     } else if (what == "dots" && a.size() == 3) {
-        packStrip(a[1], rest(2), kBlack, [](const std::string &file) {
-            const Picture picture = readPicture(file);
-            return mapped(picture, [](const Pixel &p) {
-                return p.alpha >= 0.5 ? solid(screenColour(p.colour)) : kBlack;
-            });
-        });
+        packStrip(a[1], rest(2), kBlack, [](const std::string &file) { return cutOut(readPicture(file)); });
     } else if (what == "picture" && a.size() == 6) {
-        writePng(a[1], outlined(cutOut(a[5], std::stoi(a[2]), std::stoi(a[3]), std::stod(a[4]))));
+        Picture picture = reduced(readPicture(a[5]), std::stoi(a[2]), std::stoi(a[3]));
+        sharpen(picture, std::stod(a[4]));
+        writePng(a[1], outlined(cutOut(picture)));
     } else if (what == "scene" && (a.size() == 6 || a.size() == 7)) {
-        packScene(a[1], {static_cast<std::uint32_t>(std::stoul(a[2])), std::stoi(a[3]), std::stod(a[4])}, a[5],
-                  a.size() == 7 ? a[6] : "");
+        packScene(a[1], {static_cast<std::uint32_t>(std::stoul(a[2])), std::stoi(a[3]), std::stod(a[4])},
+                  a[5], a.size() == 7 ? a[6] : "");
     } else {
         fail(kUsage);
     }

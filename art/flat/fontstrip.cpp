@@ -32,10 +32,12 @@ struct Style {
 
 Colour shadeSmall(float y, float) { return mix(rgb(0xFFFFFF), rgb(0xC4D6E8), (y - 2) / 5); }
 
-/// Steel, as that of the menu's rows: pale above, darker below, the warm sun on the upper left of every stroke.
+/// Steel, as that of the menu's rows: pale above, darker below, the warm sun on the upper left of every
+/// stroke.
 Colour shadeBig(float y, float light)
 {
-    const Colour face = y < 7 ? mix(rgb(0xFFFFFF), rgb(0xD4DDE8), y / 7) : mix(rgb(0xC2CFDE), rgb(0x94A8C2), (y - 7) / 6);
+    const Colour face =
+        y < 7 ? mix(rgb(0xFFFFFF), rgb(0xD4DDE8), y / 7) : mix(rgb(0xC2CFDE), rgb(0x94A8C2), (y - 7) / 6);
     const Colour lit = mix(face, rgb(0xFFF6E4), std::max(0.0f, light - 0.35f) * 0.8f);
     return mix(rgb(0x34445E), lit, std::min(1.0f, 0.62f + light * 0.75f));
 }
@@ -74,8 +76,9 @@ Drawing makeStrip(const std::string &set, const Alphabet &alphabet, const Style 
     std::vector<Drawing> boxes;
     int width = int(set.size()) - 1;
     for (char c : set) {
-        boxes.push_back(c == ' ' ? Drawing(style.space, style.rows, kKey)
-                                 : drawGlyph(letterOf(alphabet, c), style, style.thickens && c >= 'a' && c <= 'z'));
+        boxes.push_back(
+            c == ' ' ? Drawing(style.space, style.rows, kKey)
+                     : drawGlyph(letterOf(alphabet, c), style, style.thickens && c >= 'a' && c <= 'z'));
         width += boxes.back().width;
     }
     Drawing strip(width, style.rows + 1, kKey);
@@ -100,6 +103,8 @@ int main(int argc, char **argv)
     if (argc != 4)
         fail("usage: fontstrip FONT.TXT FONT_BIG.TXT OUTPUT-DIRECTORY");
     const std::string out = argv[3];
-    writeDrawing(out + "/font.png", makeStrip(kSmallSet, readDots(argv[1]), {0, 1, 1, 10, 3, shadeSmall, true}));
-    writeDrawing(out + "/font_big.png", makeStrip(kBigSet, readStrokes(argv[2]), {1, 1, 2, 19, 5, shadeBig, false}));
+    writeDrawing(out + "/font.png",
+                 makeStrip(kSmallSet, readDots(argv[1]), {0, 1, 1, 10, 3, shadeSmall, true}));
+    writeDrawing(out + "/font_big.png",
+                 makeStrip(kBigSet, readStrokes(argv[2]), {1, 1, 2, 19, 5, shadeBig, false}));
 }

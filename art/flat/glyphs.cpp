@@ -72,7 +72,7 @@ Path rounded(const Path &path, bool closed)
         float turn = std::atan2(p.y + by * cut - cy, p.x + bx * cut - cx) - from;
         turn -= 2 * float(M_PI) * std::round(turn / (2 * float(M_PI)));
         for (int k = 0; k <= 12; ++k) {
-            const float angle = from + turn * k / 12;
+            const float angle = from + turn * float(k) / 12;
             result.push_back({cx + radius * std::cos(angle), cy + radius * std::sin(angle), 0});
         }
     }
@@ -140,11 +140,12 @@ Dot samplePixel(const std::vector<Stroke> &strokes, int px, int py, int scale)
     int hits = 0;
     float sum = 0;
     for (int s = 0; s < samples * samples; ++s) {
-        const float x = (float(px) + (float(s % samples) + 0.5f) / float(samples)) / float(scale),
-                    y = (float(py) + (float(s / samples) + 0.5f) / float(samples)) / float(scale);
+        const int column = s % samples, row = s / samples;
+        const float x = (float(px) + (float(column) + 0.5f) / float(samples)) / float(scale),
+                    y = (float(py) + (float(row) + 0.5f) / float(samples)) / float(scale);
         float best = -1;
         for (const Stroke &stroke : strokes) {
-            float dx, dy;
+            float dx = 0, dy = 0;
             if (!onStroke(stroke.path, stroke.closed, x, y, dx, dy))
                 continue;
             const float up = std::sqrt(std::max(0.0f, 1.2f - dx * dx - dy * dy));

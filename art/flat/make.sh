@@ -20,7 +20,7 @@ trap 'rm -rf "$work"' EXIT
 
 build() # PROGRAM [SOURCE]
 {
-    g++ -std=c++20 -O2 -Wall -Wextra -I. "art/flat/$1.cpp" ${2:+"art/flat/$2"} art/picture.cpp \
+    g++ -std=c++20 -O2 -Wall -Wextra -Wconversion -Wshadow -I. "art/flat/$1.cpp" ${2:+"art/flat/$2"} art/picture.cpp \
         -o "$work/$1" -lpng
 }
 build fontstrip glyphs.cpp

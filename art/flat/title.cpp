@@ -1,9 +1,10 @@
-// Draws the game's name as three layers for relief: thick letters of the big font, in steel, with a shadow behind.
+// Draws the game's name as three layers for relief: thick letters of the big font, in steel, with a shadow
+// behind.
 //
 // title FONT_BIG.TXT NAME WIDTH HEIGHT TOP SCALE HEIGHT.PNG COLOUR.PNG GLOW.PNG
 //
-// WIDTH, HEIGHT and TOP, where the capitals begin, are in pixels of the screen, SCALE is the layers' pixels for one of
-// those. The name is centred and as large as the width allows.
+// WIDTH, HEIGHT and TOP, where the capitals begin, are in pixels of the screen, SCALE is the layers' pixels
+// for one of those. The name is centred and as large as the width allows.
 
 #include <algorithm>
 #include <cstdlib>
@@ -62,10 +63,11 @@ int main(int argc, char **argv)
     const int unit = std::clamp((width - 2 * kSideMargin * scale) / std::max(1, units), 1, kLargest);
     const int top = std::atoi(argv[5]) * scale;
 
-    const Field thin = inkOf(name, readStrokes(argv[1], unit), Field(width, height), (width - units * unit) / 2, top,
-                             kGap * unit);
+    const Field thin = inkOf(name, readStrokes(argv[1], unit), Field(width, height),
+                             (width - units * unit) / 2, top, kGap * unit);
     // Softened ink tells how near the edge of a stroke is; where to cut it says how thick the letters are.
-    const Field soft = blurred(thin, unit / 4), wide = blurred(thin, unit / 2), shade = blurred(thin, scale * 5 / 4);
+    const Field soft = blurred(thin, unit / 4), wide = blurred(thin, unit / 2),
+                shade = blurred(thin, scale * 5 / 4);
     Drawing heights(width, height), colours(width, height), glow(width, height);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {

@@ -69,7 +69,7 @@ std::vector<Ball> ballsAt(const std::vector<Puff> &puffs, double t)
             continue;
         const double burst = 1 - std::exp(-15 * age);
         const Vec drift{0.05 * age, 0.09 * age * age, 0};
-        balls.push_back({p.way * (p.far * burst + 0.10 * age) + drift, p.size * (0.45 + 0.75 * burst)});
+        balls.push_back({p.way * (p.far * burst + 0.17 * age) + drift, p.size * (0.45 + 0.75 * burst)});
     }
     return balls;
 }
@@ -94,14 +94,14 @@ Vec fireColour(double heat)
 Vec smokeColour(double light)
 {
     static const std::vector<std::pair<double, Vec>> kRamp = {
-        {0.0, hex(0x22242E)}, {0.3, hex(0x3C3E48)}, {0.6, hex(0x5A5C65)}, {1.0, hex(0x909094)}};
+        {0.0, hex(0x212029)}, {0.3, hex(0x3C3A44)}, {0.6, hex(0x5C5A64)}, {1.0, hex(0x918E98)}};
     return along(kRamp, light);
 }
 
 /// The only colours of the finished blast: few enough that its shapes read.
 const std::uint32_t kPalette[] = {0xFFFFF4, 0xFFF4B4, 0xFFD860, 0xFFB040, 0xFF8A28, 0xEE6420,
-                                  0xC8401A, 0x9A2A1A, 0x6A201C, 0x402024, 0x22242E, 0x34363F,
-                                  0x4A4C56, 0x66686F, 0x84868A, 0xA4A4A6};
+                                  0xC8401A, 0x9A2A1A, 0x6A201C, 0x402024, 0x212029, 0x313039,
+                                  0x4A4952, 0x63616B, 0x84828C, 0xA5A2AD};
 
 Vec inPalette(Vec colour)
 {
@@ -137,7 +137,7 @@ Sample sampleAt(const std::vector<Ball> &balls, const Vec &p, double t)
     // The pattern is carried outwards with the cloud, so that it opens up instead of standing still.
     const Vec q = p * (1 / (0.40 + 0.62 * (1 - std::exp(-7 * t)) + 0.16 * t));
     const double rough = fractal(q * 3.2 + Vec{14.9, 5.5 - 1.6 * t, 1.3 + 2.4 * t}, 4);
-    const double wear = 0.20 + 0.42 * smooth(0.12, 0.5, t) + 0.95 * smooth(0.42, 1.0, t);
+    const double wear = 0.20 + 0.42 * smooth(0.12, 0.5, t) + 0.70 * smooth(0.42, 1.0, t) + 0.40 * smooth(0.50, 0.72, t);
     const double body = std::min(field, 1.15) * 1.25 + (0.42 + 0.75 * t) * rough - wear;
     const double density = smooth(0.0, 0.40, body);
     // White in the middle as long as it lasts, cooler towards the rim and in the folds.
@@ -268,7 +268,7 @@ void addSplinters(Picture &picture, double t)
         const int x = static_cast<int>(kSize / 2.0 + r * kReach * std::cos(angle));
         const int y = static_cast<int>(kSize / 2.0 + r * kReach * std::sin(angle) + 9 * age * age);
         const bool hot = age < 0.20;
-        const std::uint32_t light = hot ? 0xFFB040 : 0xA4A4A6, dark = hot ? 0x9A2A1A : 0x4A4C56;
+        const std::uint32_t light = hot ? 0xFFB040 : 0xA5A2AD, dark = hot ? 0x9A2A1A : 0x4A4952;
         const auto turn = static_cast<int>(age * 14 + 4 * chance(i, 44)) % 3;
         const bool last = age > life - 0.12;
         put(picture, x, y, hex(last ? dark : light));

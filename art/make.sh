@@ -41,9 +41,9 @@ echo "scenes"
 for scene in bg menu game_over; do
     render "$scene" "$scene.png" 960 1280
 done
-./pack scene "$data/bg.jpg" 8 190 0.95 bg.png frame.png
-./pack scene "$data/menu.jpg" 9 260 1.1 menu.png title.png
-./pack scene "$data/game_over.jpg" 42 220 0.9 game_over.png
+./pack scene "$data/bg.jpg" 8 190 1.1 30 157 210 173 bg.png frame.png
+./pack scene "$data/menu.jpg" 9 260 1.1 60 98 180 222 menu.png title.png
+./pack scene "$data/game_over.jpg" 42 220 0.9 0 212 239 295 game_over.png
 
 echo "asteroids"
 # rock KIND FILE COLOURS: the colours from the night side to the sunlit crests
@@ -52,7 +52,7 @@ rock()
     render asteroid "asteroid$1-.png" 320 320 "Declare=Kind=$1" +KFI1 +KFF24 +KC
     ./pack rock "$data/$2" 32 "$3" asteroid"$1"-[0-9]*.png
 }
-rock 1 asteroid.png 1E1C22,34303A,504744,73655A,9A8971,C0AE90,E2D5B6,FFF6DC
+rock 1 asteroid.png 1C1A20,302C34,4A413F,6A5D52,8E7D67,B2A083,D4C4A2,F4E8CA
 rock 2 asteroid2.png 1E1220,3C1A22,602A24,8A3E28,B45A36,D48052,EAAE82,FFDCBC
 rock 3 asteroid3.png 10182C,1E2E4C,32486C,4E688E,728EB0,9CB6CE,C6D8E4,F0FAFF
 rock 4 asteroid4.png 1C1A1E,38301C,5E4A20,88682A,B28C3A,D4AE54,ECCE80,FFF2C0

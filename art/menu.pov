@@ -10,9 +10,9 @@ Flat(240, 320)
 SunFrom(Sun)
 Sunlight(Sun, 1.6)
 Bounce(0.9)
-Edge(srgb <0.45, 0.66, 0.95>, 1.1)
+Edge(srgb <0.45, 0.66, 0.95>, 1.6)
 // The night side keeps its shape.
-light_source { <0.3, 0.1, -1> * 100000 color srgb <0.42, 0.48, 0.66> * 0.34 parallel point_at 0 shadowless }
+light_source { <0.3, 0.1, -1> * 100000 color srgb <0.46, 0.50, 0.62> * 0.85 parallel point_at 0 shadowless }
 
 object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
 

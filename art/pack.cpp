@@ -209,13 +209,22 @@ Vec skyAt(double x, double y, double nebula, std::uint32_t seed)
     return c + glow * (nebula * band * (1 - 0.75 * lane));
 }
 
-void addStars(Picture &sky, std::uint32_t seed, int count)
+/// A part of the screen where texts stand: a bright star beside a letter reads as a dot or a comma.
+struct Box {
+    int left = 0, top = 0, right = -1, bottom = -1;
+
+    bool contains(int x, int y) const { return x >= left && x <= right && y >= top && y <= bottom; }
+};
+
+void addStars(Picture &sky, std::uint32_t seed, int count, const Box &quiet)
 {
+    constexpr double kBrightestInQuiet = 0.06;
     for (int i = 0; i < count; ++i) {
         const auto n = static_cast<std::uint32_t>(i);
         const int x = static_cast<int>(chance(seed, n, 1) * sky.width),
                   y = static_cast<int>(chance(seed, n, 2) * sky.height);
-        const double bright = 0.02 + 0.75 * std::pow(chance(seed, n, 3), 8);
+        const double own = 0.02 + 0.75 * std::pow(chance(seed, n, 3), 8);
+        const double bright = quiet.contains(x, y) ? std::min(own, kBrightestInQuiet) : own;
         const double warmth = chance(seed, n, 4);
         const Vec tint = warmth < 0.3 ? hex(0xAFC8FF) : warmth > 0.85 ? hex(0xFFD9B0) : hex(0xF0F4FF);
         const auto add = [&](int px, int py, double k) {
@@ -315,6 +324,7 @@ struct Sky {
     std::uint32_t seed;
     int stars;
     double nebula;
+    Box quiet;
 };
 
 /// A rendering before the sky; `overlay`, unless empty, is a picture of the finished size that lies over
@@ -327,7 +337,7 @@ void packScene(const std::string &out, const Sky &look, const std::string &in, c
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x)
             sky.at(x, y).colour = skyAt(x, y, look.nebula, look.seed);
-    addStars(sky, look.seed, look.stars);
+    addStars(sky, look.seed, look.stars, look.quiet);
     sharpen(scene, 0.25);
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x) {
@@ -344,7 +354,7 @@ void packScene(const std::string &out, const Sky &look, const std::string &in, c
 constexpr const char *kUsage =
     "usage: pack rock OUT SIZE COLOURS FRAME... | blast OUT FRAME... | dots OUT IN\n"
     "       pack picture OUT WIDTH HEIGHT SHARPNESS IN\n"
-    "       pack scene OUT SEED STARS NEBULA IN [OVERLAY]";
+    "       pack scene OUT SEED STARS NEBULA QUIET-LEFT TOP RIGHT BOTTOM IN [OVERLAY]";
 
 int main(int argc, char **argv)
 {
@@ -364,9 +374,12 @@ int main(int argc, char **argv)
         Picture picture = reduced(readPicture(a[5]), std::stoi(a[2]), std::stoi(a[3]));
         sharpen(picture, std::stod(a[4]));
         writePng(a[1], outlined(cutOut(picture)));
-    } else if (what == "scene" && (a.size() == 6 || a.size() == 7)) {
-        packScene(a[1], {static_cast<std::uint32_t>(std::stoul(a[2])), std::stoi(a[3]), std::stod(a[4])},
-                  a[5], a.size() == 7 ? a[6] : "");
+    } else if (what == "scene" && (a.size() == 10 || a.size() == 11)) {
+        const Sky sky{static_cast<std::uint32_t>(std::stoul(a[2])),
+                      std::stoi(a[3]),
+                      std::stod(a[4]),
+                      {std::stoi(a[5]), std::stoi(a[6]), std::stoi(a[7]), std::stoi(a[8])}};
+        packScene(a[1], sky, a[9], a.size() == 11 ? a[10] : "");
     } else {
         fail(kUsage);
     }

@@ -45,7 +45,7 @@ Colour shadeBig(float y, float light)
 /// How much ink a dot holds; the dot behind a thin stroke holds a part, where the letter has room for it.
 float inkAt(const Letter &letter, int x, int y, bool thick)
 {
-    constexpr float kPale = 0.52f;
+    constexpr float kPale = 0.60f;
     const auto inked = [&](int dx) { return letter.contains(x + dx, y) && letter.at(x + dx, y).ink > 0.5f; };
     const float own = letter.contains(x, y) ? letter.at(x, y).ink : 0;
     return thick && inked(-1) && !inked(0) && !inked(1) ? kPale : own;

@@ -18,28 +18,34 @@ namespace
 {
 
 constexpr int kGap = 3;         // between letters, in units of the font
+constexpr int kSpace = 5;       // between words, beside the gaps, in units of the font
 constexpr int kCapHeight = 13;  // in units of the font
 constexpr int kSideMargin = 18; // left free at the screen's edges, in its pixels
 constexpr int kLargest = 24;    // the layers' pixels for one unit of the font, at most
 
+/// Width of a name in units of the font.
 int unitsOf(const std::string &name, const Alphabet &alphabet)
 {
     int units = -kGap;
     for (const char c : name)
-        units += letterOf(alphabet, c).width + kGap;
+        units += (c == ' ' ? kSpace : letterOf(alphabet, c).width) + kGap;
     return units;
 }
 
-/// Where there is ink, at the layers' size.
-Field inkOf(const std::string &name, const Alphabet &letters, Field layer, int left, int top, int gap)
+/// Where there is ink, on a layer that is empty yet; `letters` have `unit` pixels for a unit of the font.
+Field inkOf(const std::string &name, const Alphabet &letters, int unit, Field layer, int left, int top)
 {
     for (const char c : name) {
+        if (c == ' ') {
+            left += (kSpace + kGap) * unit;
+            continue;
+        }
         const Letter &letter = letterOf(letters, c);
         for (int y = 0; y < letter.height; ++y)
             for (int x = 0; x < letter.width; ++x)
                 if (layer.contains(left + x, top + y))
                     layer.at(left + x, top + y) = letter.at(x, y).ink;
-        left += letter.width + gap;
+        left += letter.width + kGap * unit;
     }
     return layer;
 }
@@ -47,7 +53,7 @@ Field inkOf(const std::string &name, const Alphabet &letters, Field layer, int l
 Colour steel(float down)
 {
     return down < 0.5f ? mix(rgb(0xF2F6FA), rgb(0xB4C0CE), down * 2)
-                       : mix(rgb(0x8E9DB2), rgb(0x5C6C86), down * 2 - 1);
+                       : mix(rgb(0x9AAAC0), rgb(0x6A7C98), down * 2 - 1);
 }
 
 } // namespace
@@ -63,8 +69,8 @@ int main(int argc, char **argv)
     const int unit = std::clamp((width - 2 * kSideMargin * scale) / std::max(1, units), 1, kLargest);
     const int top = std::atoi(argv[5]) * scale;
 
-    const Field thin = inkOf(name, readStrokes(argv[1], unit), Field(width, height),
-                             (width - units * unit) / 2, top, kGap * unit);
+    const Field thin =
+        inkOf(name, readStrokes(argv[1], unit), unit, Field(width, height), (width - units * unit) / 2, top);
     // Softened ink tells how near the edge of a stroke is; where to cut it says how thick the letters are.
     const Field soft = blurred(thin, unit / 4), wide = blurred(thin, unit / 2),
                 shade = blurred(thin, scale * 5 / 4);

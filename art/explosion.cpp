@@ -137,7 +137,8 @@ Sample sampleAt(const std::vector<Ball> &balls, const Vec &p, double t)
     // The pattern is carried outwards with the cloud, so that it opens up instead of standing still.
     const Vec q = p * (1 / (0.40 + 0.62 * (1 - std::exp(-7 * t)) + 0.16 * t));
     const double rough = fractal(q * 3.2 + Vec{14.9, 5.5 - 1.6 * t, 1.3 + 2.4 * t}, 4);
-    const double wear = 0.20 + 0.42 * smooth(0.12, 0.5, t) + 0.70 * smooth(0.42, 1.0, t) + 0.40 * smooth(0.50, 0.72, t);
+    const double wear =
+        0.20 + 0.42 * smooth(0.12, 0.5, t) + 0.70 * smooth(0.42, 1.0, t) + 0.40 * smooth(0.50, 0.72, t);
     const double body = std::min(field, 1.15) * 1.25 + (0.42 + 0.75 * t) * rough - wear;
     const double density = smooth(0.0, 0.40, body);
     // White in the middle as long as it lasts, cooler towards the rim and in the folds.

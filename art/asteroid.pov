@@ -1,39 +1,57 @@
-// One frame of an asteroid's tumble. Kind (1 to 4) chooses the rock, clock (0 to 1) how far it has turned.
+// One frame of an asteroid's tumble. Kind (1 to 4) chooses the rock, clock (0 to 1) how far it has turned. It is
+// rendered in greys and coloured when it is packed: shapes read better at this size than stains do.
 #include "common.inc"
-#include "rock.inc"
+#declare Wave = function(a, n, p) { sin(2 * pi * (n * a + p)) }
 #switch (Kind)
-  #case (1)
+  #case (1) // rolls over, with a nod
     #include "rock1.inc"
-    #declare Colour = RockBrown; #declare Dust = srgb <0.78, 0.72, 0.64>;
-    #declare Axis = <24, 0, -18>; #declare Size = 12.6; #declare Rim = srgb <0.50, 0.70, 0.95>;
+    #declare Size = 13.0;
+    #declare Spin = transform {
+      rotate y * (360 * clock + 14 * Wave(clock, 1, 0)) rotate x * 34 * Wave(clock, 1, 0.3)
+      rotate <24, 0, -18>
+    }
   #break
-  #case (2)
+  #case (2) // end over end, and reels
     #include "rock2.inc"
-    #declare Colour = RockRust; #declare Dust = srgb <0.84, 0.56, 0.38>;
-    #declare Axis = <62, 0, 20>; #declare Size = 13.2; #declare Rim = srgb <0.85, 0.80, 0.95>;
+    #declare Size = 15.2;
+    #declare Spin = transform {
+      rotate x * (360 * clock) rotate z * (360 * clock + 26 * Wave(clock, 2, 0.1)) rotate y * 36 * Wave(clock, 1, 0.6)
+      rotate <20, 16, 35>
+    }
   #break
-  #case (3)
+  #case (3) // turns in jerks around a slanting axis
     #include "rock3.inc"
-    #declare Colour = RockSlate; #declare Dust = srgb <0.72, 0.78, 0.86>;
-    #declare Axis = <-30, 0, 52>; #declare Size = 12.8; #declare Rim = srgb <0.50, 0.66, 0.95>;
+    #declare Size = 14.4;
+    #declare Spin = transform {
+      rotate y * (360 * clock + 20 * Wave(clock, 2, 0.25)) rotate z * 40 * Wave(clock, 1, 0.1)
+      rotate <-30, 0, 52>
+    }
   #break
-  #else
+  #else // shows its great wound, then its back
     #include "rock4.inc"
-    #declare Colour = RockOchre; #declare Dust = srgb <0.88, 0.77, 0.56>;
-    #declare Axis = <-18, 0, -35>; #declare Size = 13.0; #declare Rim = srgb <0.72, 0.70, 1.00>;
+    #declare Size = 14.6;
+    #declare Spin = transform {
+      rotate x * (-360 * clock + 18 * Wave(clock, 1, 0.5)) rotate y * 44 * Wave(clock, 2, 0.2)
+      rotate <-18, 0, -35>
+    }
 #end
 
 Flat(32, 32)
-Sunlight(SunWay, 2.1)
-Bounce(1.5)
-// A breath of light from the front, so that the night side keeps its shape.
-light_source { <0.4, -0.2, -1> * 100000 color srgb <0.62, 0.66, 0.80> * 0.40 parallel point_at 0 shadowless }
-Edge(Rim, 1.2)
+light_source { SunWay * 100000 color rgb 0.80 parallel point_at 0 }
+// A breath of light from the front and from the Earth, so that the night side keeps its shape.
+light_source { <0.4, -0.2, -1> * 100000 color rgb 0.035 parallel point_at 0 shadowless }
+light_source { <0.35, -1, -0.35> * 100000 color rgb 0.045 parallel point_at 0 shadowless }
+light_source { <0.85, -0.25, 0.62> * 100000 color rgb 0.16 parallel point_at 0 shadowless }
 
 object {
   Rock
-  RockTexture(Colour, Dust, 0)
-  rotate y * 360 * clock
-  rotate Axis
+  texture {
+    pigment {
+      function { min(1, max(0, (sqrt(x * x + y * y + z * z) - 0.55) / 0.45)) }
+      color_map { [0.0 rgb 0.45] [0.5 rgb 0.85] [1.0 rgb 1.0] }
+    }
+    finish { diffuse 0.95 ambient 0 }
+  }
+  transform { Spin }
   scale Size
 }

@@ -1,7 +1,9 @@
-// Renders the blast: a cloud of burning puffs that bursts, rolls up, breaks and thins out, marched through
-// ray by ray.
+// Renders the blast: a cloud of burning puffs that bursts, cools from the outside in, breaks and thins out to
+// smoke, marched through ray by ray and reduced to a few colours; embers, splinters and the glow around it
+// are set pixel by pixel.
 #include <cstdio>
-#include <iterator>
+#include <limits>
+#include <string>
 #include <utility>
 
 #include "art/noise.h"
@@ -13,13 +15,14 @@ namespace
 {
 
 constexpr int kFrames = 20;
-constexpr int kSize = 64;   // pixels of the finished frame, the blast fills a radius of 28
-constexpr int kSamples = 4; // samples a pixel and direction
-constexpr double kReach = 28;
+constexpr int kSize = 64;     // pixels of the finished frame
+constexpr int kSamples = 4;   // samples a pixel and direction
+constexpr double kReach = 27; // pixels that make one unit of length: the cloud's radius
+constexpr double kTurn = 6.2831853;
 
 struct Puff {
     Vec way;
-    double far, size, birth, heat, cooling;
+    double far, size, birth;
 };
 
 /// Evenly spread directions, `i` of `count`.
@@ -29,29 +32,31 @@ Vec spread(int i, int count, double twist)
     return {r * std::cos(a), z, r * std::sin(a)};
 }
 
-/// A shell of puffs that flies out and cools fast around a heart that stays and burns longer.
+/// A heart that burns at once, a shell that flies out, and stragglers that burst through it later, so that
+/// the outline changes all the time.
 std::vector<Puff> makePuffs()
 {
-    constexpr int kShell = 40, kHeart = 16;
+    constexpr int kHeart = 12, kShell = 26, kLate = 12;
     std::vector<Puff> puffs;
-    for (int i = 0; i < kShell; ++i) {
-        const auto n = static_cast<std::uint32_t>(i);
+    const auto add = [&](int i, int count, std::uint32_t seed, double wild, double far, double size,
+                         double birth) {
+        const std::uint32_t n = seed + static_cast<std::uint32_t>(i);
         const Vec stray{chance(n, 1) - 0.5, chance(n, 2) - 0.5, chance(n, 3) - 0.5};
-        puffs.push_back({unit(spread(i, kShell, 0.4) + stray * 0.55), 0.58 + 0.30 * chance(n, 4),
-                         0.24 + 0.15 * chance(n, 5), 0.02 * chance(n, 6), 0.95 + 0.3 * chance(n, 7),
-                         3.0 + 1.6 * chance(n, 8)});
-    }
-    for (int i = 0; i < kHeart; ++i) {
-        const auto n = static_cast<std::uint32_t>(i + 100);
-        puffs.push_back({spread(i, kHeart, 1.9), 0.16 + 0.26 * chance(n, 4), 0.30 + 0.12 * chance(n, 5), 0.0,
-                         1.15 + 0.2 * chance(n, 7), 2.2 + 1.3 * chance(n, 8)});
-    }
+        puffs.push_back({unit(spread(i, count, seed) + stray * wild), far * (0.7 + 0.6 * chance(n, 4)),
+                         size * (0.7 + 0.6 * chance(n, 5)), birth * chance(n, 6)});
+    };
+    for (int i = 0; i < kHeart; ++i)
+        add(i, kHeart, 100, 0.5, 0.24, 0.34, 0.0);
+    for (int i = 0; i < kShell; ++i)
+        add(i, kShell, 200, 0.8, 0.62, 0.27, 0.03);
+    for (int i = 0; i < kLate; ++i)
+        add(i, kLate, 300, 1.2, 0.74, 0.25, 0.26);
     return puffs;
 }
 
 struct Ball {
     Vec middle;
-    double radius, heat;
+    double radius;
 };
 
 /// Where the puffs are at time `t` (0 to 1), in units of the blast's reach.
@@ -62,25 +67,56 @@ std::vector<Ball> ballsAt(const std::vector<Puff> &puffs, double t)
         const double age = t - p.birth;
         if (age <= 0)
             continue;
-        const double burst = 1 - std::exp(-11 * age);
-        const double out = p.far * burst + 0.07 * age;
-        const double grow = p.size * (0.35 + 0.85 * burst) * (1 + 0.12 * age);
-        balls.push_back(
-            {p.way * out + Vec{0, 0.07 * age * age, 0}, grow, p.heat * std::exp(-p.cooling * age)});
+        const double burst = 1 - std::exp(-15 * age);
+        const Vec drift{0.05 * age, 0.09 * age * age, 0};
+        balls.push_back({p.way * (p.far * burst + 0.17 * age) + drift, p.size * (0.45 + 0.75 * burst)});
     }
     return balls;
 }
 
+Vec along(const std::vector<std::pair<double, Vec>> &ramp, double at)
+{
+    for (std::size_t i = 1; i < ramp.size(); ++i)
+        if (at < ramp[i].first)
+            return mix(ramp[i - 1].second, ramp[i].second,
+                       clamp01((at - ramp[i - 1].first) / (ramp[i].first - ramp[i - 1].first)));
+    return ramp.back().second;
+}
+
 Vec fireColour(double heat)
 {
-    static const std::pair<double, std::uint32_t> kRamp[] = {
-        {0.00, 0x2A2624}, {0.09, 0x4A342C}, {0.17, 0x5E2C1E}, {0.27, 0xA82E16},
-        {0.38, 0xD9401E}, {0.55, 0xFF9A2E}, {0.74, 0xFFE27A}, {0.95, 0xFFFDF0}};
-    for (std::size_t i = 1; i < std::size(kRamp); ++i)
-        if (heat < kRamp[i].first)
-            return mix(hex(kRamp[i - 1].second), hex(kRamp[i].second),
-                       clamp01((heat - kRamp[i - 1].first) / (kRamp[i].first - kRamp[i - 1].first)));
-    return hex(0xFFFDF0);
+    static const std::vector<std::pair<double, Vec>> kRamp = {
+        {0.10, hex(0x3A2026)}, {0.20, hex(0x74201A)}, {0.32, hex(0xB8341A)}, {0.45, hex(0xEE6420)},
+        {0.60, hex(0xFFA434)}, {0.74, hex(0xFFD860)}, {0.86, hex(0xFFF4B4)}, {0.96, hex(0xFFFFF4)}};
+    return along(kRamp, heat);
+}
+
+Vec smokeColour(double light)
+{
+    static const std::vector<std::pair<double, Vec>> kRamp = {
+        {0.0, hex(0x212029)}, {0.3, hex(0x3C3A44)}, {0.6, hex(0x5C5A64)}, {1.0, hex(0x918E98)}};
+    return along(kRamp, light);
+}
+
+/// The only colours of the finished blast: few enough that its shapes read.
+const std::uint32_t kPalette[] = {0xFFFFF4, 0xFFF4B4, 0xFFD860, 0xFFB040, 0xFF8A28, 0xEE6420,
+                                  0xC8401A, 0x9A2A1A, 0x6A201C, 0x402024, 0x212029, 0x313039,
+                                  0x4A4952, 0x63616B, 0x84828C, 0xA5A2AD};
+
+Vec inPalette(Vec colour)
+{
+    const Vec wanted = toSrgb(colour);
+    double best = std::numeric_limits<double>::max();
+    Vec nearest;
+    for (const std::uint32_t candidate : kPalette) {
+        const Vec c = screenHex<double>(candidate), d = c - wanted;
+        const double off = dot(d, {2 * d.x, 4 * d.y, 2 * d.z});
+        if (off < best) {
+            best = off;
+            nearest = c;
+        }
+    }
+    return toLinear(nearest);
 }
 
 struct Sample {
@@ -89,31 +125,37 @@ struct Sample {
 
 Sample sampleAt(const std::vector<Ball> &balls, const Vec &p, double t)
 {
-    double field = 0, heat = 0;
+    double field = 0;
     for (const Ball &b : balls) {
         const Vec d = p - b.middle;
         const double q = dot(d, d) / (b.radius * b.radius);
-        if (q >= 1)
-            continue;
-        const double w = (1 - q) * (1 - q);
-        field += w;
-        heat += w * b.heat;
+        if (q < 1)
+            field += (1 - q) * (1 - q);
     }
     if (field <= 0)
         return {};
-    heat /= field;
     // The pattern is carried outwards with the cloud, so that it opens up instead of standing still.
-    const Vec q = p * (1 / (0.45 + 0.75 * (1 - std::exp(-8 * t)) + 0.12 * t));
-    const double rough = fractal(q * 3.4 + Vec{14.9, 5.5 - 0.7 * t, 1.3 + 0.9 * t}, 4);
-    const double wear = 0.22 + 0.25 * smooth(0.15, 0.5, t) + 1.34 * smooth(0.42, 1.0, t);
-    const double density = smooth(0.0, 0.42, std::min(field, 1.1) * 1.25 + (0.45 + 0.45 * t) * rough - wear);
-    return {density, clamp01(heat * (1.0 + (0.45 + 0.9 * smooth(0.05, 0.4, t)) * rough))};
+    const Vec q = p * (1 / (0.40 + 0.62 * (1 - std::exp(-7 * t)) + 0.16 * t));
+    const double rough = fractal(q * 3.2 + Vec{14.9, 5.5 - 1.6 * t, 1.3 + 2.4 * t}, 4);
+    const double wear =
+        0.20 + 0.42 * smooth(0.12, 0.5, t) + 0.70 * smooth(0.42, 1.0, t) + 0.40 * smooth(0.50, 0.72, t);
+    const double body = std::min(field, 1.15) * 1.25 + (0.42 + 0.75 * t) * rough - wear;
+    const double density = smooth(0.0, 0.40, body);
+    // White in the middle as long as it lasts, cooler towards the rim and in the folds.
+    const double core = 0.30 + 0.34 * smooth(0.0, 0.10, t) - 0.54 * smooth(0.10, 0.60, t);
+    const double aside = std::sqrt(p.x * p.x + p.y * p.y);
+    const double glow = smooth(1.9 * core, 0.25 * core, aside + 0.22 * rough) * smooth(0.66, 0.46, t);
+    const double rim = smooth(0.02, 0.55, body);
+    const double heat = 0.30 + 0.26 * rim + 0.52 * glow + (0.10 + 0.40 * smooth(0.03, 0.25, t)) * rough -
+                        0.16 * smooth(0.08, 0.34, t) - 0.46 * smooth(0.34, 0.70, t) -
+                        0.3 * smooth(0.6, 0.85, t);
+    return {density, clamp01(heat)};
 }
 
 Pixel march(const std::vector<Ball> &balls, double x, double y, double t)
 {
     const Vec sun = unit(Vec{-0.6, 0.65, -0.45});
-    constexpr int kSteps = 44;
+    constexpr int kSteps = 40;
     Vec colour;
     double through = 1;
     for (int i = 0; i < kSteps && through > 0.02; ++i) {
@@ -121,80 +163,136 @@ Pixel march(const std::vector<Ball> &balls, double x, double y, double t)
         const Sample s = sampleAt(balls, p, t);
         if (s.density <= 0)
             continue;
-        const double shade = sampleAt(balls, p + sun * 0.14, t).density;
-        const double lit = s.heat > 0.5 ? 1 : mix(mix(2.7, 0.5, shade), 1.0, s.heat * 2);
-        const double thick = 22 * (1 - 0.86 * smooth(0.55, 1.0, t));
+        const double shade = 0.6 * sampleAt(balls, p + sun * 0.09, t).density +
+                             0.4 * sampleAt(balls, p + sun * 0.24, t).density;
+        const Vec smoke = smokeColour(clamp01(1.0 - 1.1 * shade) * (0.86 - 0.30 * smooth(0.5, 1.0, t)));
+        const Vec own = mix(smoke, fireColour(s.heat), smooth(0.06, 0.16, s.heat));
+        const double thick = 60 * (1 - 0.95 * smooth(0.38, 0.90, t));
         const double block = 1 - std::exp(-s.density * thick * 2.3 / kSteps);
-        colour = colour + fireColour(s.heat) * (lit * block * through);
+        colour = colour + own * (block * through);
         through *= 1 - block;
     }
     const double alpha = 1 - through;
     return {alpha > 0 ? colour * (1 / alpha) : Vec{}, alpha};
 }
 
-/// Lays `top` over `below`.
-Pixel over(const Pixel &top, const Pixel &below)
+/// The cloud, reduced to the finished size; thinning smoke leaves out pixels.
+Picture cloudAt(const std::vector<Ball> &balls, double t)
 {
-    const double alpha = top.alpha + below.alpha * (1 - top.alpha);
-    if (alpha <= 0)
-        return {};
-    return {(top.colour * top.alpha + below.colour * (below.alpha * (1 - top.alpha))) * (1 / alpha), alpha};
+    Picture picture(kSize, kSize);
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x) {
+            Vec sum;
+            double cover = 0;
+            for (int k = 0; k < kSamples * kSamples; ++k) {
+                const int column = k % kSamples, row = k / kSamples;
+                const double sx = x + (column + 0.5) / kSamples, sy = y + (row + 0.5) / kSamples;
+                const Pixel p = march(balls, (sx - kSize / 2.0) / kReach, (kSize / 2.0 - sy) / kReach, t);
+                sum = sum + p.colour * p.alpha;
+                cover += p.alpha;
+            }
+            const double alpha = cover / (kSamples * kSamples);
+            const double thin = 0.05 + 0.75 * smooth(0.45, 0.75, t);
+            if (alpha > 0.42 + thin * (threshold(x, y) - 0.5))
+                picture.at(x, y) = {inPalette(sum * (1 / cover)), 1};
+        }
+    return picture;
 }
 
-/// Sparks are short streaks that fly outwards, slow down and die.
-Pixel sparkAt(double x, double y, double t)
+/// Sets a pixel that the cloud does not hide.
+void put(Picture &picture, int x, int y, Vec colour)
 {
-    constexpr std::uint32_t kSparks = 30;
-    Pixel result;
-    for (std::uint32_t i = 0; i < kSparks; ++i) {
-        const double angle = 6.2831853 * (i + 0.9 * chance(i, 21)) / kSparks,
-                     life = 0.30 + 0.45 * chance(i, 23);
-        const double age = t - 0.03;
+    if (picture.contains(x, y) && picture.at(x, y).alpha <= 0)
+        picture.at(x, y) = {colour, 1};
+}
+
+/// The light around the fire and the ring that runs ahead of it, both broken up over the sky.
+void addGlow(Picture &picture, double t)
+{
+    const double fire = 0.30 + 0.60 * (1 - std::exp(-16 * t)), ring = 0.50 + 0.66 * (1 - std::exp(-9 * t));
+    const double glowing = smooth(0.42, 0.10, t), ringing = smooth(0.01, 0.05, t) * smooth(0.36, 0.16, t);
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x) {
+            if (picture.at(x, y).alpha > 0)
+                continue;
+            const double px = (x + 0.5 - kSize / 2.0) / kReach, py = (kSize / 2.0 - y - 0.5) / kReach;
+            const double r = std::sqrt(px * px + py * py);
+            if (r * kReach > kSize / 2.0 - 0.5)
+                continue;
+            const double gaps = 0.45 + 1.5 * noise({px / r * 2.7, py / r * 2.7, 3 + 5 * t});
+            const double glow = 0.78 * glowing * std::exp(-std::max(0.0, r - fire) / 0.16) *
+                                (0.85 + 0.6 * noise({px * 2.4, py * 2.4, 7 + 4 * t}));
+            const double line = 0.95 * ringing * gaps * smooth(0.085, 0.0, std::fabs(r - ring));
+            const double at = threshold(x, y);
+            if (line > at * 0.8)
+                put(picture, x, y, hex(t < 0.12 ? 0xFFD860 : t < 0.22 ? 0xFF8A28 : 0xC8401A));
+            else if (glow > at)
+                put(picture, x, y, hex(glow > at + 0.5 ? 0xC8401A : glow > at + 0.25 ? 0x9A2A1A : 0x6A201C));
+        }
+}
+
+/// How far from the middle something is that was flung out at a speed and is braked.
+double flung(double speed, double age) { return 0.25 + speed * (1 - std::exp(-5.0 * age)) + 0.2 * age; }
+
+/// Embers: single pixels, the fast ones with a tail, that cool from white to red and go out.
+void addEmbers(Picture &picture, double t)
+{
+    constexpr std::uint32_t kEmbers = 52;
+    for (std::uint32_t i = 0; i < kEmbers; ++i) {
+        const double angle = kTurn * (i + 0.9 * chance(i, 21)) / kEmbers, life = 0.35 + 0.55 * chance(i, 23);
+        const double age = t - 0.02 - 0.10 * chance(i, 24);
         if (age <= 0 || age > life)
             continue;
-        const double head = (0.72 + 0.38 * chance(i, 22)) * (1 - std::exp(-8 * age)) + 0.12 * age;
-        const double tail = head - 0.20 * std::exp(-7 * age) - 0.035;
-        const double along = x * std::cos(angle) + y * std::sin(angle);
-        const double aside = std::fabs(-x * std::sin(angle) + y * std::cos(angle));
-        if (along > tail && along < head && aside < 0.02)
-            result = {fireColour(1 - 0.62 * age / life), 1};
+        const double speed = 0.62 + 0.72 * chance(i, 22), heat = 1.02 - 0.8 * age / life;
+        for (const double behind : {0.035, 0.0}) {
+            if (behind > 0 && (age > 0.22 || i % 3 == 0))
+                continue;
+            const double r = flung(speed, age - std::min(age, behind));
+            const double x = kSize / 2.0 + r * kReach * std::cos(angle);
+            const double y = kSize / 2.0 + r * kReach * std::sin(angle) + 7 * age * age;
+            put(picture, static_cast<int>(x), static_cast<int>(y), inPalette(fireColour(heat - 6 * behind)));
+        }
     }
-    return result;
 }
 
-Pixel shineAt(double r, double t)
+/// Splinters of rock: two or three pixels across, lit from the upper left, red-hot at first.
+void addSplinters(Picture &picture, double t)
 {
-    const double size = 0.34 + 6.0 * t;
-    const double core = smooth(size, size * 0.6, r) * smooth(0.15, 0.05, t);
-    return {mix(hex(0xFFE27A), hex(0xFFFDF0), core), core};
-}
-
-/// The front of the blast: a thin ring that runs ahead of the fire and breaks up.
-Pixel ringAt(double x, double y, double t)
-{
-    const double r = std::sqrt(x * x + y * y);
-    const double at = 0.40 + 0.60 * (1 - std::exp(-13 * t));
-    const double gaps = smooth(0.04, 0.24, t) * (0.62 + 0.6 * noise({x * 5, y * 5, 1.5}));
-    const double line =
-        smooth(0.034, 0.012, std::fabs(r - at)) * (t > 0.04 && t < 0.30 ? std::max(0.0, 1 - gaps) : 0);
-    return {mix(hex(0xFFE27A), hex(0xD9401E), smooth(0.04, 0.28, t)), line};
+    constexpr std::uint32_t kSplinters = 11;
+    for (std::uint32_t i = 0; i < kSplinters; ++i) {
+        const double angle = kTurn * (i + 0.8 * chance(i, 41)) / kSplinters,
+                     life = 0.50 + 0.38 * chance(i, 43);
+        const double age = t - 0.04;
+        if (age <= 0 || age > life)
+            continue;
+        const double r = flung(0.60 + 0.62 * chance(i, 42), age);
+        const int x = static_cast<int>(kSize / 2.0 + r * kReach * std::cos(angle));
+        const int y = static_cast<int>(kSize / 2.0 + r * kReach * std::sin(angle) + 9 * age * age);
+        const bool hot = age < 0.20;
+        const std::uint32_t light = hot ? 0xFFB040 : 0xA5A2AD, dark = hot ? 0x9A2A1A : 0x4A4952;
+        const auto turn = static_cast<int>(age * 14 + 4 * chance(i, 44)) % 3;
+        const bool last = age > life - 0.12;
+        put(picture, x, y, hex(last ? dark : light));
+        if (last)
+            continue;
+        put(picture, x + 1, y, hex(turn == 0 ? light : dark));
+        put(picture, x, y + 1, hex(turn == 1 ? light : dark));
+        put(picture, x + 1, y + 1, hex(dark));
+        if (turn == 2)
+            put(picture, x + 2, y + 1, hex(dark));
+    }
 }
 
 void renderFrame(const std::vector<Puff> &puffs, int frame, const std::string &path)
 {
     const double t = (frame + 0.35) / kFrames;
-    const std::vector<Ball> balls = ballsAt(puffs, t);
-    constexpr int kSide = kSize * kSamples;
-    Grid<Bytes<4>> picture(kSide, kSide);
-    for (int j = 0; j < kSide; ++j)
-        for (int i = 0; i < kSide; ++i) {
-            const double x = ((i + 0.5) / kSamples - kSize / 2) / kReach,
-                         y = (kSize / 2 - (j + 0.5) / kSamples) / kReach;
-            Pixel p = x * x + y * y < 1.25 ? march(balls, x, y, t) : Pixel{};
-            p = over(shineAt(std::sqrt(x * x + y * y), t), over(p, over(sparkAt(x, y, t), ringAt(x, y, t))));
-            picture.at(i, j) = withAlpha(bytesOf(toSrgb(p.colour)), byteOf(p.alpha));
-        }
-    writePng(path, picture);
+    Picture picture = cloudAt(ballsAt(puffs, t), t);
+    addSplinters(picture, t);
+    addEmbers(picture, t);
+    addGlow(picture, t);
+    writePng(path, mapped(picture, [](const Pixel &p) {
+                 return withAlpha(bytesOf(toSrgb(p.colour)), byteOf(p.alpha));
+             }));
 }
 
 } // namespace

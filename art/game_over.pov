@@ -35,9 +35,9 @@ Edge(srgb <0.50, 0.64, 0.92>, 1.3)
       [0.50 srgb <1.00, 0.88, 0.45> * 1.1]
       [0.63 srgb <1.00, 0.58, 0.16>]
       [0.74 srgb <0.85, 0.25, 0.10> * 0.85]
-      [0.84 srgb <0.50, 0.12, 0.06> * 0.7]
-      [0.92 srgb <0.26, 0.10, 0.08> * 0.8]
-      [0.99 srgb <0.22, 0.17, 0.16>]
+      [0.82 srgb <0.52, 0.13, 0.06> * 0.75]
+      [0.90 srgb <0.40, 0.11, 0.06> * 0.75]
+      [0.99 srgb <0.52, 0.20, 0.10> * 0.8]
     }
   }
   finish { emission 0.95 diffuse 0.5 }
@@ -50,9 +50,10 @@ Edge(srgb <0.50, 0.64, 0.92>, 1.3)
   pigment { image_map { png "earth_clouds.png" map_type 1 interpolate 2 } Turn(Lon, Lat, Roll) }
 }
 
-#macro Broken(Skin)
+// Skin outside, magma inside; Seared: how far around the wound the ground glows too.
+#macro Broken(Skin, Seared)
   texture {
-    function { sqrt(x * x + y * y + z * z) }
+    function { sqrt(x * x + y * y + z * z) - 0.04 * (Torn(x, y, z) > -Seared) }
     texture_map {
       [0.974 Magma]
       [0.978 Skin]
@@ -74,12 +75,12 @@ light_source {
   isosurface {
     function {
       max(max(sqrt(x * x + y * y + z * z) - 1, 0.10 - Torn(x, y, z)),
-          max(max(Low - y + 0.20 * Rough(x * 1.3, z * 1.3, 4), y - High - 0.20 * Rough(x * 1.3, z * 1.3, 4)),
-              0.84 - sqrt(x * x + y * y + z * z) + 0.22 * Rough(y, z, x)))
+          max(max(Low - y + 0.30 * Rough(x * 1.6, z * 1.6, 4), y - High - 0.30 * Rough(x * 1.6, z * 1.6, 4)),
+              max(0.84 - sqrt(x * x + y * y + z * z) + 0.22 * Rough(y, z, x), x - 0.78 - 0.55 * Rough(y * 1.5, z * 1.5, 9))))
     }
     contained_by { sphere { 0, 1.001 } }
     max_gradient 3.2 accuracy 0.0006
-    Broken(ShardGround)
+    Broken(ShardGround, -9)
     translate <-0.9, 0, 0.3> rotate Spin translate <0.9, 0, -0.3> translate Away
   }
 #end
@@ -89,7 +90,7 @@ union {
     function { max(sqrt(x * x + y * y + z * z) - 1, Torn(x, y, z)) }
     contained_by { sphere { 0, 1.001 } }
     max_gradient 3.2 accuracy 0.0006
-    Broken(Ground)
+    Broken(Ground, 0.035)
   }
   // Cracks run out from the wound over land and sea.
   sphere { 0, 1.0015
@@ -171,3 +172,14 @@ Fragment(Slab, 2.6, 172, 200, -40)
     pigment { color srgb <1, 0.25 + 0.65 * Heat, 0.08 + 0.5 * Heat * Heat> }
     finish { emission 0.35 + 1.0 * Heat diffuse 0 ambient 0 } no_shadow }
 #end
+
+// The sky is quiet where the texts stand.
+#declare Quiet = srgb <0.012, 0.020, 0.043>;
+box { <-120, -160, 0>, <120, 160, 0.1>
+  pigment {
+    gradient y scale 320 translate y * -160
+    color_map { [0.02 Quiet transmit 0.30] [0.10 Quiet transmit 0.15] [0.30 Quiet transmit 0.15] [0.40 Quiet transmit 1] }
+  }
+  finish { emission 1 diffuse 0 ambient 0 } no_shadow
+  translate z * 1500
+}

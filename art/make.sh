@@ -9,7 +9,7 @@ take_arguments "" "Makes every picture and sound of the game again from art/ and
 install_missing $ART_PACKAGES
 mkdir -p build/art data
 for program in earthmap rocks explosion pack; do
-    g++ -std=c++20 -O2 -Wall -Wextra -I. art/$program.cpp art/picture.cpp -o build/art/$program -lpng -ljpeg
+    g++ -std=c++20 -O2 -Wall -Wextra -Wconversion -Wshadow -I. art/$program.cpp art/picture.cpp -o build/art/$program -lpng -ljpeg
 done
 
 # From here every path is relative to this folder: the renderer takes none that holds a space.
@@ -30,6 +30,10 @@ render()
     fi
 }
 
+echo "flat pictures, fonts, sound"
+$art/flat/make.sh
+$art/explosion_sound.sh "$data/explosion.wav"
+
 echo "maps and shapes"
 ./earthmap .
 ./rocks .
@@ -38,25 +42,26 @@ echo "scenes"
 for scene in bg menu game_over; do
     render "$scene" "$scene.png" 960 1280
 done
-./pack scene "$data/bg.jpg" 8 190 0.7 bg.png
-./pack scene "$data/menu.jpg" 9 260 1.1 menu.png
-./pack scene "$data/game_over.jpg" 42 220 0.9 game_over.png
+./pack scene "$data/bg.jpg" 8 190 1.1 30 157 210 173 bg.png frame.png
+./pack scene "$data/menu.jpg" 9 260 1.1 60 98 180 222 menu.png title.png
+./pack scene "$data/game_over.jpg" 42 220 0.9 0 212 239 295 game_over.png
 
 echo "asteroids"
-for kind in 1 2 3 4; do
-    render asteroid "asteroid$kind-.png" 320 320 "Declare=Kind=$kind" +KFI1 +KFF24 +KC
-    suffix=$kind
-    [ "$kind" != 1 ] || suffix=
-    ./pack strip "$data/asteroid$suffix.png" 32 32 0.35 asteroid"$kind"-[0-9]*.png
-done
+# rock KIND FILE COLOURS: the colours from the night side to the sunlit crests
+rock()
+{
+    render asteroid "asteroid$1-.png" 320 320 "Declare=Kind=$1" +KFI1 +KFF24 +KC
+    ./pack rock "$data/$2" 32 "$3" asteroid"$1"-[0-9]*.png
+}
+rock 1 asteroid.png 1C1A20,302C34,4A413F,6A5D52,8E7D67,B2A083,D4C4A2,F4E8CA
+rock 2 asteroid2.png 1E1220,3C1A22,602A24,8A3E28,B45A36,D48052,EAAE82,FFDCBC
+rock 3 asteroid3.png 10182C,1E2E4C,32486C,4E688E,728EB0,9CB6CE,C6D8E4,F0FAFF
+rock 4 asteroid4.png 1C1A1E,38301C,5E4A20,88682A,B28C3A,D4AE54,ECCE80,FFF2C0
 
 echo "satellite, missile, blast"
-render satellite satellite.png 360 312
-./pack picture "$data/satellite.png" 30 26 0.35 satellite.png
-render missile missile.png 192 192
-./pack strip "$data/missile.png" 12 12 0.25 missile.png
+render satellite satellite.png 360 360
+./pack picture "$data/satellite.png" 30 30 0.35 satellite.png
+convert "$art/missile.xpm" -strip PNG32:missile.png
+./pack dots "$data/missile.png" missile.png
 ./explosion .
-./pack blast "$data/explosion.png" 64 64 explosion[0-9]*.png
-
-echo "flat pictures, fonts, sound"
-$art/flat/make.sh
+./pack blast "$data/explosion.png" explosion[0-9]*.png

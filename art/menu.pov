@@ -9,8 +9,10 @@ Flat(240, 320)
 #declare Sun = vnormalize(<-0.86, 0.40, -0.30>);
 SunFrom(Sun)
 Sunlight(Sun, 1.6)
-Bounce(0.7)
-Edge(srgb <0.45, 0.66, 0.95>, 0.45)
+Bounce(0.9)
+Edge(srgb <0.45, 0.66, 0.95>, 1.6)
+// The night side keeps its shape.
+light_source { <0.3, 0.1, -1> * 100000 color srgb <0.46, 0.50, 0.62> * 0.85 parallel point_at 0 shadowless }
 
 object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
 
@@ -18,10 +20,10 @@ object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
   #include File
   object { Rock RockTexture(Colour, Dust, 0.35) rotate Spin scale Size translate Place }
 #end
-FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 35, 20>, 54, At(188, 46, 0))
-FallingRock("rock4.inc", RockOchre, srgb <0.90, 0.76, 0.50>, <50, 20, 10>, 15, At(100, 62, -50))
-FallingRock("rock3.inc", RockSlate, srgb <0.72, 0.78, 0.86>, <10, 120, 70>, 9, At(58, 30, -50))
-FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At(30, 78, -50))
+FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 35, 20>, 56, At(186, 38, 0))
+FallingRock("rock4.inc", RockOchre, srgb <0.90, 0.76, 0.50>, <50, 20, 10>, 13, At(96, 22, -50))
+FallingRock("rock3.inc", RockSlate, srgb <0.72, 0.78, 0.86>, <10, 120, 70>, 8, At(52, 36, -50))
+FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 6.5, At(26, 14, -50))
 
 #declare Chance = seed(5);
 #for (I, 1, 16)
@@ -54,8 +56,8 @@ FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 7, At
     scale <Length, Width, 1> rotate z * Angle translate Place
   }
 #end
-Meteor(62, 8.5, 60, At(192, 248, -400))
-Meteor(26, 3.6, 64, At(226, 262, -400))
-Meteor(17, 2.4, 57, At(158, 236, -400))
+Meteor(44, 7.0, 58, At(184, 266, -400))
+Meteor(26, 3.6, 64, At(222, 268, -400))
+Meteor(17, 2.4, 57, At(150, 246, -400))
 
 object { Satellite rotate y * 30 rotate x * -20 rotate z * 20 scale 3.0 translate At(60, 266, -300) }

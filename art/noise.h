@@ -76,4 +76,12 @@ inline float grain(int x, int y, int z = 0)
     return static_cast<float>((h ^ h >> 16) & 0xFFFF) / 65535.0f;
 }
 
+/// An even pattern of 16 thresholds between 0 and 1: what is drawn where a share lies above it covers that
+/// share.
+inline double threshold(int x, int y)
+{
+    constexpr int kBayer[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
+    return (kBayer[y & 3][x & 3] + 0.5) / 16;
+}
+
 } // namespace art

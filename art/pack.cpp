@@ -71,48 +71,65 @@ void sharpen(Picture &picture, double strength)
         }
 }
 
-constexpr int kBayer[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
-
-/// The nearest value that the 16-bit screen can show, as the byte that packs to it; `shift` in steps dithers.
-std::uint8_t screenByte(double linear, int bits, double shift)
+/// The nearest value that the 16-bit screen can show, as the byte that packs to it.
+std::uint8_t screenByte(double linear, int bits)
 {
     const int most = (1 << bits) - 1;
-    const int level = std::clamp(static_cast<int>(std::floor(toSrgb(linear) * most + 0.5 + shift)), 0, most);
+    const auto level = static_cast<int>(std::floor(toSrgb(linear) * most + 0.5));
     return static_cast<std::uint8_t>(bits == 5 ? level << 3 | level >> 2 : level << 2 | level >> 4);
 }
 
-Rgb screenColour(Vec c, double shift = 0)
-{
-    return {screenByte(c.x, 5, shift), screenByte(c.y, 6, shift), screenByte(c.z, 5, shift)};
-}
+Rgb screenColour(Vec c) { return {screenByte(c.x, 5), screenByte(c.y, 6), screenByte(c.z, 5)}; }
 
 /// An object's pixel must never be the key, black: its darkest shade is a night blue.
 Rgb solid(Rgb c) { return c[0] < 8 && c[1] < 8 && c[2] < 16 ? Rgb{8, 8, 16} : c; }
 
-Sheet cutOut(const std::string &in, int width, int height, double sharpness)
+/// The picture on the key black.
+Sheet cutOut(const Picture &picture)
 {
-    Picture picture = reduced(readPicture(in), width, height);
-    sharpen(picture, sharpness);
     return mapped(picture,
                   [](const Pixel &p) { return p.alpha >= 0.5 ? solid(screenColour(p.colour)) : kBlack; });
 }
 
-/// A blast's frames come with soft edges; thinning smoke is shown by leaving out pixels in a fixed pattern.
-/// The pattern decides within a narrow range only, so that the smoke tears into wisps instead of turning into
-/// a mesh.
-Sheet blastFrame(const std::string &in, int width, int height)
+/// A dark line around what is not black, so that it stands out from anything behind it.
+Sheet outlined(const Sheet &sheet)
 {
-    Sheet sheet(width, height, kMagenta);
-    Picture frame = reduced(readPicture(in), width, height);
-    sharpen(frame, 0.5);
+    constexpr Rgb kOutline{8, 12, 24};
+    Sheet result = sheet;
+    for (int y = 0; y < sheet.height; ++y)
+        for (int x = 0; x < sheet.width; ++x)
+            for (const auto &[dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}})
+                if (sheet.at(x, y) == kBlack && sheet.contains(x + dx, y + dy) &&
+                    sheet.at(x + dx, y + dy) != kBlack)
+                    result.at(x, y) = kOutline;
+    return result;
+}
+
+/// A rendering in shades of grey, painted in a few colours from dark to bright; what lies between two of them
+/// is shared out by a pattern, a little.
+Sheet painted(const std::string &in, int width, int height, const std::vector<Vec> &colours)
+{
+    constexpr double kMix = 0.35;
+    Picture picture = reduced(readPicture(in), width, height);
+    Sheet sheet(width, height, kBlack);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
-            const double step = (kBayer[y & 3][x & 3] + 0.5) / 16;
-            const Pixel &p = frame.at(x, y);
-            if (p.alpha > 0.30 + 0.26 * step)
-                sheet.at(x, y) = screenColour(p.colour, (step - 0.5) * 0.8);
+            const Pixel &p = picture.at(x, y);
+            if (p.alpha < 0.5)
+                continue;
+            const double light = toSrgb(dot(p.colour, {0.3, 0.6, 0.1}));
+            const double shift = kMix * (threshold(x, y) - 0.5);
+            const auto last = static_cast<int>(colours.size()) - 1;
+            const int level = std::clamp(static_cast<int>(light * (last + 1) + shift), 0, last);
+            sheet.at(x, y) = solid(screenColour(colours[static_cast<std::size_t>(level)]));
         }
     return sheet;
+}
+
+Sheet blastFrame(const std::string &in)
+{
+    return mapped(readPicture(in),
+                  [](const Pixel &p) { return p.alpha >= 0.5 ? screenColour(p.colour) : kMagenta; });
 }
 
 /// Empty rows to be cut off above and below a frame: as many on both sides, so that its centre stays where it
@@ -155,21 +172,25 @@ void writeStrip(const std::string &out, const std::vector<Sheet> &frames, Rgb ke
     writePng(out, strip);
 }
 
-void packStrip(const std::string &out, int width, int height, double sharpness,
-               const std::vector<std::string> &in)
+using Files = std::vector<std::string>;
+
+/// One frame for each file.
+template <class MakeFrame>
+void packStrip(const std::string &out, const Files &in, Rgb key, MakeFrame makeFrame)
 {
     std::vector<Sheet> frames;
     for (const std::string &file : in)
-        frames.push_back(cutOut(file, width, height, sharpness));
-    writeStrip(out, frames, kBlack);
+        frames.push_back(makeFrame(file));
+    writeStrip(out, frames, key);
 }
 
-void packBlast(const std::string &out, int width, int height, const std::vector<std::string> &in)
+/// "3A2C28,5C443A": colours from dark to bright.
+std::vector<Vec> parseColours(const std::string &list)
 {
-    std::vector<Sheet> frames;
-    for (const std::string &file : in)
-        frames.push_back(blastFrame(file, width, height));
-    writeStrip(out, frames, kMagenta);
+    std::vector<Vec> colours;
+    for (std::size_t at = 0; at < list.size(); at += 7)
+        colours.push_back(hex(static_cast<std::uint32_t>(std::stoul(list.substr(at, 6), nullptr, 16))));
+    return colours;
 }
 
 /// The night sky at a pixel: near black, a breath of indigo and teal along a slanting band.
@@ -188,13 +209,22 @@ Vec skyAt(double x, double y, double nebula, std::uint32_t seed)
     return c + glow * (nebula * band * (1 - 0.75 * lane));
 }
 
-void addStars(Picture &sky, std::uint32_t seed, int count)
+/// A part of the screen where texts stand: a bright star beside a letter reads as a dot or a comma.
+struct Box {
+    int left = 0, top = 0, right = -1, bottom = -1;
+
+    bool contains(int x, int y) const { return x >= left && x <= right && y >= top && y <= bottom; }
+};
+
+void addStars(Picture &sky, std::uint32_t seed, int count, const Box &quiet)
 {
+    constexpr double kBrightestInQuiet = 0.06;
     for (int i = 0; i < count; ++i) {
         const auto n = static_cast<std::uint32_t>(i);
         const int x = static_cast<int>(chance(seed, n, 1) * sky.width),
                   y = static_cast<int>(chance(seed, n, 2) * sky.height);
-        const double bright = 0.02 + 0.75 * std::pow(chance(seed, n, 3), 8);
+        const double own = 0.02 + 0.75 * std::pow(chance(seed, n, 3), 8);
+        const double bright = quiet.contains(x, y) ? std::min(own, kBrightestInQuiet) : own;
         const double warmth = chance(seed, n, 4);
         const Vec tint = warmth < 0.3 ? hex(0xAFC8FF) : warmth > 0.85 ? hex(0xFFD9B0) : hex(0xF0F4FF);
         const auto add = [&](int px, int py, double k) {
@@ -279,41 +309,78 @@ Sheet fitted(const Picture &picture)
     return sheet;
 }
 
-void packScene(const std::string &out, std::uint32_t seed, int stars, double nebula, const std::string &in)
+/// Lays a picture of the same size over another.
+void layOver(Picture &below, const Picture &top)
+{
+    if (top.width != below.width || top.height != below.height)
+        fail("what lies over a scene is not of its size");
+    for (std::size_t i = 0; i < below.pixels.size(); ++i) {
+        const Pixel &p = top.pixels[i];
+        below.pixels[i].colour = mix(below.pixels[i].colour, p.colour, p.alpha);
+    }
+}
+
+struct Sky {
+    std::uint32_t seed;
+    int stars;
+    double nebula;
+    Box quiet;
+};
+
+/// A rendering before the sky; `overlay`, unless empty, is a picture of the finished size that lies over
+/// both.
+void packScene(const std::string &out, const Sky &look, const std::string &in, const std::string &overlay)
 {
     constexpr int kWidth = 240, kHeight = 320;
     Picture scene = reduced(readPicture(in), kWidth, kHeight);
     Picture sky(kWidth, kHeight);
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x)
-            sky.at(x, y).colour = skyAt(x, y, nebula, seed);
-    addStars(sky, seed, stars);
+            sky.at(x, y).colour = skyAt(x, y, look.nebula, look.seed);
+    addStars(sky, look.seed, look.stars, look.quiet);
     sharpen(scene, 0.25);
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x) {
             Pixel &p = scene.at(x, y);
             p.colour = sky.at(x, y).colour * (1 - p.alpha) + p.colour * p.alpha;
         }
+    if (!overlay.empty())
+        layOver(scene, readPicture(overlay));
     writeJpeg(out, fitted(scene), kQuality);
 }
 
 } // namespace
 
+constexpr const char *kUsage =
+    "usage: pack rock OUT SIZE COLOURS FRAME... | blast OUT FRAME... | dots OUT IN\n"
+    "       pack picture OUT WIDTH HEIGHT SHARPNESS IN\n"
+    "       pack scene OUT SEED STARS NEBULA QUIET-LEFT TOP RIGHT BOTTOM IN [OVERLAY]";
+
 int main(int argc, char **argv)
 {
-    const std::vector<std::string> a(argv + 1, argv + argc);
-    const auto rest = [&](std::size_t from) {
-        return std::vector<std::string>(a.begin() + static_cast<long>(from), a.end());
-    };
-    if (a.size() >= 6 && a[0] == "strip")
-        packStrip(a[1], std::stoi(a[2]), std::stoi(a[3]), std::stod(a[4]), rest(5));
-    else if (a.size() == 6 && a[0] == "picture")
-        writePng(a[1], cutOut(a[5], std::stoi(a[2]), std::stoi(a[3]), std::stod(a[4])));
-    else if (a.size() >= 5 && a[0] == "blast")
-        packBlast(a[1], std::stoi(a[2]), std::stoi(a[3]), rest(4));
-    else if (a.size() == 6 && a[0] == "scene")
-        packScene(a[1], static_cast<std::uint32_t>(std::stoul(a[2])), std::stoi(a[3]), std::stod(a[4]), a[5]);
-    else
-        fail("usage: pack strip OUT WIDTH HEIGHT SHARPNESS FRAME... | picture OUT WIDTH HEIGHT SHARPNESS IN\n"
-             "       pack blast OUT WIDTH HEIGHT FRAME... | scene OUT SEED STARS NEBULA IN");
+    const Files a(argv + 1, argv + argc);
+    const auto rest = [&](int from) { return Files(a.begin() + from, a.end()); };
+    const std::string what = a.empty() ? "" : a[0];
+    if (what == "rock" && a.size() >= 5) {
+        const int size = std::stoi(a[2]);
+        const std::vector<Vec> colours = parseColours(a[3]);
+        packStrip(a[1], rest(4), kBlack,
+                  [&](const std::string &file) { return painted(file, size, size, colours); });
+    } else if (what == "blast" && a.size() >= 3) {
+        packStrip(a[1], rest(2), kMagenta, blastFrame);
+    } else if (what == "dots" && a.size() == 3) {
+        packStrip(a[1], rest(2), kBlack, [](const std::string &file) { return cutOut(readPicture(file)); });
+    } else if (what == "picture" && a.size() == 6) {
+        Picture picture = reduced(readPicture(a[5]), std::stoi(a[2]), std::stoi(a[3]));
+        sharpen(picture, std::stod(a[4]));
+        writePng(a[1], outlined(cutOut(picture)));
+    } else if (what == "scene" && (a.size() == 10 || a.size() == 11)) {
+        const Sky sky{static_cast<std::uint32_t>(std::stoul(a[2])),
+                      std::stoi(a[3]),
+                      std::stod(a[4]),
+                      {std::stoi(a[5]), std::stoi(a[6]), std::stoi(a[7]), std::stoi(a[8])}};
+        packScene(a[1], sky, a[9], a.size() == 11 ? a[10] : "");
+    } else {
+        fail(kUsage);
+    }
 }

@@ -68,7 +68,8 @@ inline Vec toSrgb(Vec l) { return {toSrgb(l.x), toSrgb(l.y), toSrgb(l.z)}; }
 /// A colour as it is written in a style sheet, its parts from 0 to 1 as the screen takes them.
 template <class T> Vector<T> screenHex(std::uint32_t rgb)
 {
-    return {(rgb >> 16 & 255) / T(255), (rgb >> 8 & 255) / T(255), (rgb & 255) / T(255)};
+    const auto part = [rgb](int shift) { return static_cast<T>(rgb >> shift & 255) / T(255); };
+    return {part(16), part(8), part(0)};
 }
 
 /// The same in linear light.

@@ -27,18 +27,31 @@ const Colour kOutline = rgb(0x060A14);
 struct Style {
     int left, right, top, rows, space;
     Colour (*shade)(float y, float light);
+    bool thickens; // whether small letters get a paler dot to the right of their strokes
 };
 
-Colour shadeSmall(float y, float) { return mix(rgb(0xFFFFFF), rgb(0xD6E8F8), (y - 3) / 4); }
+Colour shadeSmall(float y, float) { return mix(rgb(0xFFFFFF), rgb(0xC4D6E8), (y - 2) / 5); }
 
+/// Steel, as that of the menu's rows: pale above, darker below, the warm sun on the upper left of every
+/// stroke.
 Colour shadeBig(float y, float light)
 {
-    Colour c =
-        y < 7 ? mix(rgb(0xFFFFFF), rgb(0xE4F4FF), y / 7) : mix(rgb(0xC4E6FA), rgb(0x86C8F0), (y - 7) / 6);
-    return mix(rgb(0x2C5C94), c, std::min(1.0f, 0.62f + light * 0.65f));
+    const Colour face =
+        y < 7 ? mix(rgb(0xFFFFFF), rgb(0xD4DDE8), y / 7) : mix(rgb(0xC2CFDE), rgb(0x94A8C2), (y - 7) / 6);
+    const Colour lit = mix(face, rgb(0xFFF6E4), std::max(0.0f, light - 0.35f) * 0.8f);
+    return mix(rgb(0x34445E), lit, std::min(1.0f, 0.62f + light * 0.75f));
 }
 
-Drawing drawGlyph(const Letter &letter, const Style &style)
+/// How much ink a dot holds; the dot behind a thin stroke holds a part, where the letter has room for it.
+float inkAt(const Letter &letter, int x, int y, bool thick)
+{
+    constexpr float kPale = 0.60f;
+    const auto inked = [&](int dx) { return letter.contains(x + dx, y) && letter.at(x + dx, y).ink > 0.5f; };
+    const float own = letter.contains(x, y) ? letter.at(x, y).ink : 0;
+    return thick && inked(-1) && !inked(0) && !inked(1) ? kPale : own;
+}
+
+Drawing drawGlyph(const Letter &letter, const Style &style, bool thick)
 {
     Drawing box(letter.width + style.left + style.right, style.rows, kKey);
     for (int y = 0; y < box.height; ++y)
@@ -51,8 +64,8 @@ Drawing drawGlyph(const Letter &letter, const Style &style)
                         near = std::max(near, letter.at(lx + dx, ly + dy).ink);
             if (near < 0.25f)
                 continue;
-            const Dot dot = letter.contains(lx, ly) ? letter.at(lx, ly) : Dot{};
-            box.at(x, y) = {mix(kOutline, style.shade(float(ly), dot.light), dot.ink), 1};
+            const float light = letter.contains(lx, ly) ? letter.at(lx, ly).light : 1;
+            box.at(x, y) = {mix(kOutline, style.shade(float(ly), light), inkAt(letter, lx, ly, thick)), 1};
         }
     return box;
 }
@@ -63,8 +76,9 @@ Drawing makeStrip(const std::string &set, const Alphabet &alphabet, const Style 
     std::vector<Drawing> boxes;
     int width = int(set.size()) - 1;
     for (char c : set) {
-        boxes.push_back(c == ' ' ? Drawing(style.space, style.rows, kKey)
-                                 : drawGlyph(letterOf(alphabet, c), style));
+        boxes.push_back(
+            c == ' ' ? Drawing(style.space, style.rows, kKey)
+                     : drawGlyph(letterOf(alphabet, c), style, style.thickens && c >= 'a' && c <= 'z'));
         width += boxes.back().width;
     }
     Drawing strip(width, style.rows + 1, kKey);
@@ -89,6 +103,8 @@ int main(int argc, char **argv)
     if (argc != 4)
         fail("usage: fontstrip FONT.TXT FONT_BIG.TXT OUTPUT-DIRECTORY");
     const std::string out = argv[3];
-    writeDrawing(out + "/font.png", makeStrip(kSmallSet, readDots(argv[1]), {0, 1, 1, 10, 3, shadeSmall}));
-    writeDrawing(out + "/font_big.png", makeStrip(kBigSet, readStrokes(argv[2]), {1, 1, 2, 19, 5, shadeBig}));
+    writeDrawing(out + "/font.png",
+                 makeStrip(kSmallSet, readDots(argv[1]), {0, 1, 1, 10, 3, shadeSmall, true}));
+    writeDrawing(out + "/font_big.png",
+                 makeStrip(kBigSet, readStrokes(argv[2]), {1, 1, 2, 19, 5, shadeBig, false}));
 }

@@ -21,7 +21,8 @@ using Place = Vector<float>;
 float noiseAt(Place p)
 {
     const int x = int(std::floor(p.x)), y = int(std::floor(p.y)), z = int(std::floor(p.z));
-    const float fx = smooth(0, 1, p.x - x), fy = smooth(0, 1, p.y - y), fz = smooth(0, 1, p.z - z);
+    const float fx = smooth(0, 1, p.x - float(x)), fy = smooth(0, 1, p.y - float(y)),
+                fz = smooth(0, 1, p.z - float(z));
     float sum = 0;
     for (int k = 0; k < 8; ++k) {
         const float wx = k & 1 ? fx : 1 - fx, wy = k & 2 ? fy : 1 - fy, wz = k & 4 ? fz : 1 - fz;
@@ -71,7 +72,8 @@ int main(int argc, char **argv)
     Drawing globe(size, size);
     for (int y = 0; y < size; ++y)
         for (int x = 0; x < size; ++x) {
-            const float u = (x + 0.5f) / size * 2.0f - 1, v = 1 - (y + 0.5f) / size * 2.0f, d = u * u + v * v;
+            const float u = (float(x) + 0.5f) / float(size) * 2.0f - 1,
+                        v = 1 - (float(y) + 0.5f) / float(size) * 2.0f, d = u * u + v * v;
             if (d > 1)
                 continue;
             const Place n{u, v, std::sqrt(1 - d)};

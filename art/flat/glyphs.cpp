@@ -72,7 +72,7 @@ Path rounded(const Path &path, bool closed)
         float turn = std::atan2(p.y + by * cut - cy, p.x + bx * cut - cx) - from;
         turn -= 2 * float(M_PI) * std::round(turn / (2 * float(M_PI)));
         for (int k = 0; k <= 12; ++k) {
-            const float angle = from + turn * k / 12;
+            const float angle = from + turn * float(k) / 12;
             result.push_back({cx + radius * std::cos(angle), cy + radius * std::sin(angle), 0});
         }
     }
@@ -130,19 +130,22 @@ Stroke parseStroke(const std::string &line)
     return stroke;
 }
 
-constexpr int kSamples = 8;
+constexpr int kSamples = 8; // a unit of the font and direction
 constexpr int kStrokeRows = 16;
 
-/// Ink and light of one pixel: the strokes are tubes under a lamp at the upper left.
-Dot samplePixel(const std::vector<Stroke> &strokes, int px, int py)
+/// Ink and light of one of `scale` pixels a unit: the strokes are tubes under a lamp at the upper left.
+Dot samplePixel(const std::vector<Stroke> &strokes, int px, int py, int scale)
 {
+    const int samples = std::max(1, kSamples / scale);
     int hits = 0;
     float sum = 0;
-    for (int s = 0; s < kSamples * kSamples; ++s) {
-        const float x = px + (s % kSamples + 0.5f) / kSamples, y = py + (s / kSamples + 0.5f) / kSamples;
+    for (int s = 0; s < samples * samples; ++s) {
+        const int column = s % samples, row = s / samples;
+        const float x = (float(px) + (float(column) + 0.5f) / float(samples)) / float(scale),
+                    y = (float(py) + (float(row) + 0.5f) / float(samples)) / float(scale);
         float best = -1;
         for (const Stroke &stroke : strokes) {
-            float dx, dy;
+            float dx = 0, dy = 0;
             if (!onStroke(stroke.path, stroke.closed, x, y, dx, dy))
                 continue;
             const float up = std::sqrt(std::max(0.0f, 1.2f - dx * dx - dy * dy));
@@ -153,7 +156,7 @@ Dot samplePixel(const std::vector<Stroke> &strokes, int px, int py)
             sum += best;
         }
     }
-    return {float(hits) / (kSamples * kSamples), hits ? sum / hits : 0};
+    return {float(hits) / float(samples * samples), hits ? sum / float(hits) : 0};
 }
 
 } // namespace
@@ -181,18 +184,18 @@ Alphabet readDots(const std::string &path)
     return alphabet;
 }
 
-Alphabet readStrokes(const std::string &path)
+Alphabet readStrokes(const std::string &path, int scale)
 {
     Alphabet alphabet;
     for (const auto &block : readBlocks(path)) {
         const std::vector<std::string> head = words(block[0]);
-        Letter letter(std::stoi(head.at(1)), kStrokeRows);
+        Letter letter(std::stoi(head.at(1)) * scale, kStrokeRows * scale);
         std::vector<Stroke> strokes;
         for (std::size_t i = 1; i < block.size(); ++i)
             strokes.push_back(parseStroke(block[i]));
         for (int y = 0; y < letter.height; ++y)
             for (int x = 0; x < letter.width; ++x)
-                letter.at(x, y) = samplePixel(strokes, x, y);
+                letter.at(x, y) = samplePixel(strokes, x, y, scale);
         alphabet[head[0][0]] = letter;
     }
     return alphabet;

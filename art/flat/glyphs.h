@@ -22,8 +22,8 @@ using Alphabet = std::map<char, Letter>;
 /// Rows of # and . (font.txt); letters keep the height of their block.
 Alphabet readDots(const std::string &path);
 
-/// Strokes two pixels wide (font_big.txt).
-Alphabet readStrokes(const std::string &path);
+/// Strokes two units wide (font_big.txt), `scale` pixels for a unit.
+Alphabet readStrokes(const std::string &path, int scale = 1);
 
 /// Ends the program when there is none.
 const Letter &letterOf(const Alphabet &alphabet, char c);

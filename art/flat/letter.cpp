@@ -29,7 +29,7 @@ void put(Drawing &picture, const Letter &letter, int left, int top, Colour from,
     for (int y = 0; y < letter.height; ++y)
         for (int x = 0; x < letter.width; ++x)
             if (letter.at(x, y).ink > 0.5f && picture.contains(left + x, top + y))
-                picture.at(left + x, top + y).colour = mix(from, to, float(y) / (letter.height - 1));
+                picture.at(left + x, top + y).colour = mix(from, to, float(y) / float(letter.height - 1));
 }
 
 } // namespace

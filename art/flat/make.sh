@@ -1,7 +1,11 @@
 #!/bin/sh
-# Makes the fonts, the flat pictures, the icon and the sound in data/ from the drawings
-# beside this script.
+# Makes the fonts, the flat pictures and the icon in data/ from the drawings beside this script, and in build/art what
+# is laid over the scenes.
 set -eu
+
+# What stands in the main menu's sky. Any letters that font_big.txt has.
+game_name=MYGAME
+
 cd "$(dirname "$0")/../.."
 . scripts/packages.sh
 
@@ -9,17 +13,19 @@ cd "$(dirname "$0")/../.."
 install_missing $ART_PACKAGES
 here=$PWD/art/flat
 data=$PWD/data
-mkdir -p "$data"
+scenes=$PWD/build/art
+mkdir -p "$data" "$scenes"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 build() # PROGRAM [SOURCE]
 {
-    g++ -std=c++20 -O2 -Wall -Wextra -I. "art/flat/$1.cpp" ${2:+"art/flat/$2"} art/picture.cpp \
+    g++ -std=c++20 -O2 -Wall -Wextra -Wconversion -Wshadow -I. "art/flat/$1.cpp" ${2:+"art/flat/$2"} art/picture.cpp \
         -o "$work/$1" -lpng
 }
 build fontstrip glyphs.cpp
 build letter glyphs.cpp
+build title glyphs.cpp
 build relief
 build reduce
 build globe
@@ -56,6 +62,13 @@ lit nuke 26 24 big.png
 lit menu 30 30 big.png
 ./reduce big.png "$data/menu.png" 30 30 corner '#FF00FF'
 
+lit frame 240 320 big.png
+./reduce big.png "$scenes/frame.png" 240 320 alpha
+
+./title "$here/font_big.txt" "$game_name" 240 320 48 "$scale" height.png colour.png glow.png
+./relief height.png colour.png glow.png big.png "$scale"
+./reduce big.png "$scenes/title.png" 240 320 alpha
+
 lit shop 240 320 big.png
 ./reduce big.png "$data/shop.png" 240 320 opaque
 ./letter "$data/shop.png" "$here/labels.txt" "BUY" 63 286 '#FFF8E8' '#FFD28C' '#2A1804'
@@ -70,5 +83,3 @@ for size in 16 32 48 64 128 256; do
     [ "$size" -eq 128 ] || set -- "$@" "$data/icon-$size.png"
 done
 convert "$@" "$data/icon.ico"
-
-"$here/explosion.sh" "$data/explosion.wav"

@@ -55,7 +55,7 @@ float pattern(int x, int y)
         const int bx = x >> bit & 1, by = y >> bit & 1;
         value = value * 4 + ((bx ^ by) * 2 + by);
     }
-    return (value + 0.5f) / 64;
+    return (float(value) + 0.5f) / 64;
 }
 
 /// What a screen shows for a level of 5 or 6 bits, 0 to 255.
@@ -68,11 +68,11 @@ float dithered(float value, int bits, float threshold)
     const float exact = std::clamp(value, 0.0f, 1.0f) * 255;
     const int top = (1 << bits) - 1;
     int level = 0;
-    while (level < top && shown(level + 1, bits) <= exact)
+    while (level < top && float(shown(level + 1, bits)) <= exact)
         ++level;
     if (level == top)
         return 1;
-    const float low = float(shown(level, bits)), part = (exact - low) / (shown(level + 1, bits) - low);
+    const float low = float(shown(level, bits)), part = (exact - low) / (float(shown(level + 1, bits)) - low);
     const bool up = part > 0.88f || (part > 0.12f && part + threshold >= 1);
     return float(shown(level + up, bits)) / 255;
 }

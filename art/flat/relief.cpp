@@ -63,7 +63,7 @@ struct Relief {
 
 Colour lit(const Relief &relief, int x, int y, Colour c)
 {
-    const float steep = 3.5f * relief.scale;
+    const float steep = 3.5f * float(relief.scale);
     const Light light = lightOn((relief.at(x + 1, y) - relief.at(x - 1, y)) * steep,
                                 (relief.at(x, y + 1) - relief.at(x, y - 1)) * steep);
     const float depth = relief.wide.at(x, y) - relief.at(x, y);

@@ -1,8 +1,8 @@
 #!/bin/sh
 # Makes the sound of an explosion out of noise and falling tones.
-# explosion.sh OUTPUT.WAV
+# explosion_sound.sh OUTPUT.WAV
 set -eu
-[ $# -eq 1 ] || { echo "usage: explosion.sh OUTPUT.WAV" >&2; exit 1; }
+[ $# -eq 1 ] || { echo "usage: explosion_sound.sh OUTPUT.WAV" >&2; exit 1; }
 dir=$(mktemp -d)
 trap 'rm -rf "$dir"' EXIT
 

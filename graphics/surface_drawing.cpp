@@ -62,7 +62,7 @@ void copyWhole(Pixel *target, std::ptrdiff_t targetWidth, const Pixel *source, s
 
 } // namespace
 
-void Surface::fill(Pixel colour) { std::fill_n(pixels_, pixelCount_, colour); }
+void Surface::fill(Pixel colour) { std::fill_n(pixels(), pixelCount_, colour); }
 
 void Surface::fillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Pixel colour)
 {
@@ -75,7 +75,7 @@ void Surface::fillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::i
     if (x2 < x1)
         return;
     for (std::int32_t y = y1; y <= y2; ++y)
-        std::fill_n(pixels_ + x1 + y * width_, x2 - x1 + 1, colour);
+        std::fill_n(pixels() + x1 + y * width_, x2 - x1 + 1, colour);
 }
 
 void Surface::drawRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Pixel colour)
@@ -113,8 +113,8 @@ inline void Surface::copyBlock(Surface &target, const Block &block) const
 {
     if (block.h < 1 || block.w < 1)
         return;
-    const Pixel *source = pixels_ + block.sx + block.sy * width_;
-    Pixel *destination = target.pixels_ + block.dx + block.dy * target.width_;
+    const Pixel *source = pixels() + block.sx + block.sy * width_;
+    Pixel *destination = target.pixels() + block.dx + block.dy * target.width_;
     if (!keyEnabled_)
         copyWhole(destination, target.width_, source, width_, block.w, block.h);
     else if (block.w >= kWideBlock)

@@ -112,17 +112,23 @@ void Application::hideSurroundings(platform::HWND created) const
 
 void Application::run()
 {
-    stopRequested = false;
-    do
-        runPass();
-    while (!stopRequested);
+    beginLoop();
+    while (runPass()) {
+    }
+    endLoop();
+}
+
+void Application::beginLoop() { stopRequested = false; }
+
+void Application::endLoop()
+{
     deactivate();
     logText("Main loop stopped");
 }
 
 void Application::requestStop() { stopRequested = true; }
 
-void Application::runPass()
+bool Application::runPass()
 {
     handleMessages();
     const Tick now = platform::GetTickCount();
@@ -133,6 +139,7 @@ void Application::runPass()
     } else {
         platform::Sleep(kIdleSleepMs);
     }
+    return !stopRequested;
 }
 
 void Application::runFrame()
@@ -159,7 +166,10 @@ void Application::handleMessage(const platform::MSG &message)
     const auto place = static_cast<std::uint32_t>(message.lParam);
     switch (message.message) {
     case platform::WM_ACTIVATE:
-        lowWord(message.wParam) == 0 ? platform::GXSuspend() : platform::GXResume();
+        if (lowWord(message.wParam) == 0)
+            platform::GXSuspend();
+        else
+            platform::GXResume();
         break;
     case platform::WM_SETFOCUS:
         platform::GXResume();

@@ -33,6 +33,7 @@ bool AnimatedSprite::load(const std::u16string &path, Ms newFrameTimeMs)
 
 void AnimatedSprite::start(Tick tick, std::int32_t loops)
 {
+    // Kept: the frame stays. Going back from it to the first one counts as the end of a loop.
     startTick = tick;
     loopsLeft = loops;
 }
@@ -45,6 +46,8 @@ void AnimatedSprite::update(Tick tick)
     const std::int32_t previous = currentFrame_;
     const std::int32_t index = msBetween(startTick, tick) / frameTimeMs % count;
     currentFrame_ = index;
+    // Kept: only a step back that is seen counts. A single frame never steps back, and whole rounds between
+    // two updates go unnoticed.
     if (previous > index && loopsLeft > 0)
         --loopsLeft;
     // Kept: a tick before the start gives a negative index, and that has ended a loop by now.

@@ -16,6 +16,8 @@ bool BitmapFont::load(const std::u16string &path, const std::u16string &characte
     glyphs = std::make_shared<std::map<char16_t, Surface>>();
     MarkedRuns runs(strip, MarkedRuns::Marks::InRow0);
     for (char16_t character : characters) {
+        // Kept: characters beyond the last run get a glyph of width 0, which still takes its spacing, and of
+        // two equal characters the later run counts.
         (*glyphs)[character] = runs.cut();
         runs.next();
     }

@@ -21,6 +21,7 @@ bool Surface::create(std::int32_t width, std::int32_t height)
 
 void Surface::release()
 {
+    // Kept: the colour key outlives the pixels; what is loaded next is drawn by it.
     pixels_.reset();
     width_ = height_ = pixelCount_ = 0;
 }

@@ -67,6 +67,7 @@ void Surface::fill(Pixel colour) { std::fill_n(pixels(), pixelCount_, colour); }
 
 void Surface::fillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Pixel colour)
 {
+    // Kept: what begins exactly at the right or bottom edge goes on, and draws nothing.
     if (x2 < 0 || y2 < 0 || x1 > width_ || y1 > height_)
         return;
     x1 = std::max(x1, 0);
@@ -136,6 +137,8 @@ void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const
         block.dy = 0;
         block.h = height_ + y;
     }
+    // Kept: at exactly the right or bottom edge, or just beyond the left or upper one, a block without pixels
+    // is still copied.
     if (x > target.width_ || y > target.height_ || block.w < 0 || block.h < 0)
         return;
     block.w = std::min(block.w, target.width_ - block.dx);

@@ -82,6 +82,7 @@ void GameRules::newGame()
     state->explosions.clear();
     Player &player = state->player;
     player.money = 0;
+    // Kept: the satellite stays where it is until the first step moves it.
     player.orbitStart = platform::GetTickCount();
     player.health = Player::kFullHealth;
     player.missileSlots = chosenBy(state->difficulty, mode.missileSlots);
@@ -91,6 +92,7 @@ void GameRules::newGame()
 
 void GameRules::updateWorld(Tick now)
 {
+    // Kept: looked at only here. The step in which a mode pauses runs to its end.
     if (paused)
         return;
     rulesOf(state->mode).step(*this, *state, now);

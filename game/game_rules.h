@@ -41,7 +41,8 @@ public:
     /// True after the moment at which more asteroids are due. That moves on only by `delayNextSpawn`.
     bool isSpawnDue(Tick now) const { return asDue(nextSpawn) < asDue(now); }
 
-    /// Counts from the due moment, not from now: after a long frame what was missed comes, a spawn a step.
+    /// Kept: counts from the due moment, not from now. After a long frame what was missed comes, a spawn a
+    /// step.
     void delayNextSpawn(Ms interval) { nextSpawn = tickAfter(nextSpawn, interval); }
 
 private:

@@ -71,7 +71,8 @@ void GameRules::fireMissile(std::int32_t x, std::int32_t y)
 
 void GameRules::checkDirectHits()
 {
-    // Nothing is removed here: an asteroid near two missiles counts twice, and so does a missile near two.
+    // Kept: nothing is removed here. An asteroid near two missiles counts twice, and so does a missile near
+    // two.
     for (const auto &[asteroidId, asteroid] : state->asteroids) {
         for (const auto &[missileId, missile] : state->missiles) {
             if (!inRange(asteroid, missile, kDirectHitRadius))
@@ -88,7 +89,7 @@ void GameRules::detonateMissile(std::int32_t id)
     const auto missile = state->missiles.find(id);
     if (missile == state->missiles.end())
         return;
-    // An asteroid that was hit directly is still there, and is credited once more.
+    // Kept: an asteroid that was hit directly is still there, and is credited once more.
     for (const auto &[asteroidId, asteroid] : state->asteroids) {
         if (!inRange(asteroid, missile->second, kBlastRadius))
             continue;
@@ -100,6 +101,7 @@ void GameRules::detonateMissile(std::int32_t id)
 
 void GameRules::destroyAsteroid(std::int32_t id)
 {
+    // Kept: one that is named twice is replaced once.
     const bool removed = state->asteroids.erase(id) != 0;
     if (removed && rulesOf(state->mode).replacesAsteroids)
         spawnAsteroid();
@@ -114,6 +116,7 @@ void GameRules::useNuke()
         bus().post<AsteroidDestroyedEvent>(id, asteroid.x, asteroid.y);
         credit();
     }
+    // Kept: when these go off the asteroids are gone, but what has replaced them may be close enough.
     for (const auto &[id, missile] : state->missiles)
         bus().post<MissileDetonatedEvent>(id, missile.x, missile.y);
     bus().post<NukeFlashEvent>();

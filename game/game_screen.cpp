@@ -158,7 +158,7 @@ void GameScreen::update(Tick now)
 {
     bus().post<TickEvent>();
     bus().dispatchAll();
-    // Another screen may be current by now; this one's animations advance all the same.
+    // Kept: another screen may be current by now; this one's menu or animations advance all the same.
     if (menuOpen)
         state->menu.update(now);
     else
@@ -173,6 +173,7 @@ void GameScreen::updateAnimations(Tick now)
         else
             explosion.sprite.update(now);
     }
+    // Kept: the missiles' one sprite is never updated and shows its first frame.
     for (auto &[id, asteroid] : state->asteroids)
         asteroid.sprite.update(now);
 }
@@ -184,11 +185,13 @@ bool GameScreen::onEvent(const Event &event)
         dressAsteroid(static_cast<const AsteroidSpawnedEvent &>(event).id);
         break;
     case kAsteroidDestroyed: {
+        // Kept: one for each time that it is named, though it goes only once.
         const auto &destroyed = static_cast<const AsteroidDestroyedEvent &>(event);
         spawnExplosion(destroyed.x, destroyed.y);
         break;
     }
     case kMissileDetonated: {
+        // Kept: also when the missile is gone already.
         const auto &detonated = static_cast<const MissileDetonatedEvent &>(event);
         spawnExplosion(detonated.x, detonated.y);
         break;
@@ -245,6 +248,7 @@ void GameScreen::spawnExplosion(std::int32_t x, std::int32_t y)
 
 void GameScreen::playExplosionSound() const
 {
+    // Kept: as an unsigned number, so that a clock that wrapped or went back is a long time.
     if (!state->soundOn || platform::GetTickCount() - lastExplosionSound <= kSoundGapMs)
         return;
     platform::PlaySoundW(dataFilePath(u"explosion.wav").c_str(), nullptr,

@@ -21,6 +21,8 @@ constexpr std::int32_t kMissileIcon = -2; ///< Both x and y.
 
 void GameScreen::render(Surface &target)
 {
+    // Kept: over everything, the menu too. As an unsigned number, by which the 0 before the first nuke is
+    // long ago, but not in the clock's first second.
     if (platform::GetTickCount() - nukeFlashStart < kNukeFlashMs) {
         target.fill(kWhite);
         return;
@@ -54,6 +56,7 @@ void GameScreen::renderTexts(Surface &target) const
                     TextAlign::AlignRight);
     target.drawText(font, formatted(u"%d", state->player.missileSlots), kSlotsLeft, kTextY,
                     TextAlign::AlignLeft);
+    // Kept: partly outside the screen.
     missileSprite.draw(target, kMissileIcon, kMissileIcon);
     target.drawText(font, rulesOf(state->mode).clock(*state), kScreenCentreX, kTextY, TextAlign::AlignCentre);
 }

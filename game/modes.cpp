@@ -47,7 +47,7 @@ void completeWave(GameRules &rules, GameState &state)
         endGame();
         return;
     }
-    // Kept: the wave's last group is on its way already, and the step that paused runs to its end.
+    // Kept: the wave's last group is on its way already; it waits on the screen while the player shops.
     rules.pause();
     EventBus::instance().post<WaveCompleteEvent>();
 }
@@ -100,6 +100,7 @@ void survivalStep(GameRules &rules, GameState &state, Tick now)
 
 std::u16string survivalClock(const GameState &state)
 {
+    // Kept: the minutes begin anew after an hour.
     const std::int32_t seconds = state.elapsedMs / kMsPerSecond;
     return formatted(u"%2.2d:%2.2d", seconds / kSecondsPerMinute % kMinutesPerHour,
                      seconds % kSecondsPerMinute);
@@ -123,6 +124,7 @@ void timeAttackStep(GameRules &, GameState &state, Tick)
 
 std::u16string timeAttackClock(const GameState &state)
 {
+    // Kept: one digit in the last ten seconds.
     return formatted(u"0:%d", (kTimeAttackMs / kMsPerSecond) - (state.elapsedMs / kMsPerSecond));
 }
 

@@ -55,18 +55,20 @@ void moveMissile(Missile &missile, Tick now)
         missile.x = along(missile.startX, missile.targetX, ms, missile.flightMs);
         missile.y = along(missile.startY, missile.targetY, ms, missile.flightMs);
     }
+    // Kept: not at the end of its flight but after it, where it has gone past its target.
     if (!flies || ms > missile.flightMs)
         EventBus::instance().post<MissileDetonatedEvent>(missile.id, missile.x, missile.y);
 }
 
 bool inRange(const Asteroid &asteroid, const Missile &missile, std::int32_t radius)
 {
+    // Kept: a square that wraps to a negative number is in range.
     return squaredLength(asteroid.x - missile.x, asteroid.y - missile.y) < radius * radius;
 }
 
 Ms missileFlightMs(std::int32_t dx, std::int32_t dy, Ms travelTime)
 {
-    // The square of a distance far outside the screen wraps, and may come out negative.
+    // Kept: the square of a distance far outside the screen wraps, and may come out negative.
     const double squared = std::max(squaredLength(dx, dy), 0);
     return static_cast<Ms>(std::sqrt(squared) * kTravelUnitsPerPixel * travelTime);
 }

@@ -38,6 +38,7 @@ void Player::updateOrbit(Tick now)
 void Player::takeDamage(std::int32_t amount)
 {
     health -= amount;
+    // Kept: at exactly 0 nothing is posted; whether that ends a game is for the mode to say.
     if (health < 0) {
         health = 0;
         EventBus::instance().post<GameEndedEvent>();

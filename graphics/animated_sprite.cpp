@@ -1,5 +1,7 @@
 #include "graphics/animated_sprite.h"
 
+#include "graphics/marked_runs.h"
+
 namespace mygame
 {
 
@@ -9,84 +11,56 @@ AnimatedSprite &AnimatedSprite::operator=(const AnimatedSprite &other)
 {
     if (this == &other)
         return *this;
-    release();
-    shareCount.join(other.shareCount);
-    frameTimeMs = other.frameTimeMs;
-    frameCount_ = other.frameCount_;
     frames = other.frames;
+    frameTimeMs = other.frameTimeMs;
     currentFrame_ = 0;
     return *this;
 }
 
-AnimatedSprite::~AnimatedSprite() { release(); }
-
 bool AnimatedSprite::load(const std::u16string &path, Ms newFrameTimeMs)
 {
     release();
-    shareCount.begin();
     currentFrame_ = 0;
     frameTimeMs = newFrameTimeMs;
     Surface strip;
     if (!strip.load(path) || strip.height() < 1)
         return false;
-    cutFrames(strip);
+    frames = std::make_shared<std::vector<Surface>>();
+    for (MarkedRuns runs(strip, MarkedRuns::Marks::InColumn0); !runs.isPastEnd(); runs.next())
+        frames->push_back(runs.cut());
     return true;
-}
-
-void AnimatedSprite::cutFrames(const Surface &strip)
-{
-    const std::int32_t height = strip.height();
-    const Pixel marker = strip.pixelAt(0, 0);
-    std::int32_t top = 0;
-    while (top < height) {
-        std::int32_t end = top;
-        while (end < height && strip.pixelAt(0, end) == marker)
-            ++end;
-        auto *frame = new Surface;
-        frame->create(strip.width() - 1, end - top);
-        strip.blitTo(*frame, -1, -top);
-        frames.push_back(frame);
-        top = end + 1;
-        while (top < height && strip.pixelAt(0, top) != marker)
-            ++top;
-    }
-    frameCount_ = static_cast<std::int32_t>(frames.size());
-}
-
-void AnimatedSprite::release()
-{
-    if (shareCount.leave()) {
-        for (Surface *frame : frames)
-            delete frame;
-    }
-    frames.clear();
-    frameCount_ = 0;
 }
 
 void AnimatedSprite::start(Tick tick, std::int32_t loops)
 {
+    // Kept: the frame stays. Going back from it to the first one counts as the end of a loop.
     startTick = tick;
     loopsLeft = loops;
 }
 
 void AnimatedSprite::update(Tick tick)
 {
-    if (frameTimeMs == 0 || frameCount_ < 1 || loopsLeft == 0)
+    const std::int32_t count = frameCount();
+    if (frameTimeMs == 0 || count < 1 || loopsLeft == 0)
         return;
     const std::int32_t previous = currentFrame_;
-    const std::int32_t index = msBetween(startTick, tick) / frameTimeMs % frameCount_;
+    const std::int32_t index = msBetween(startTick, tick) / frameTimeMs % count;
     currentFrame_ = index;
+    // Kept: only a step back that is seen counts. A single frame never steps back, and whole rounds between
+    // two updates go unnoticed.
     if (previous > index && loopsLeft > 0)
         --loopsLeft;
-    // A tick before the start gives a negative index, which has ended a loop by now.
+    // Kept: a tick before the start gives a negative index, and that has ended a loop by now.
     if (index < 0)
         currentFrame_ = 0;
 }
 
 void AnimatedSprite::setColourKey(Pixel colour)
 {
-    for (Surface *frame : frames)
-        frame->setColourKey(colour);
+    if (!frames)
+        return;
+    for (Surface &frame : *frames)
+        frame.setColourKey(colour);
 }
 
 void AnimatedSprite::draw(Surface &target, std::int32_t x, std::int32_t y) const

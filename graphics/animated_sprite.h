@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "graphics/share_count.h"
 #include "graphics/surface.h"
 #include "graphics/ticks.h"
 
@@ -14,9 +14,7 @@ namespace mygame
 /// A short animation of equally timed frames, cut from one picture. Copies share the frames, and with them
 /// the colour key, but each has its own timing.
 ///
-/// In the picture the frames are stacked from the top. Column 0 only marks them: a frame is a run of rows
-/// whose column-0 pixel has the colour of the top-left pixel, and its pixels are the other columns of those
-/// rows.
+/// In the picture the frames are stacked from the top and marked in column 0, as `MarkedRuns` cuts them.
 class AnimatedSprite
 {
 public:
@@ -27,14 +25,14 @@ public:
     AnimatedSprite(const AnimatedSprite &other);
     /// Shares the other's frames, from the first one on. The copy is to be started.
     AnimatedSprite &operator=(const AnimatedSprite &other);
-    ~AnimatedSprite();
+    ~AnimatedSprite() = default;
 
     /// Cuts the frames from a picture file, each to be shown for frameTimeMs. The path is a full one.
     /// @return false, without frames, when the picture cannot be loaded or has no rows.
     bool load(const std::u16string &path, Ms frameTimeMs);
 
     /// Gives up this sprite's share of the frames; it draws nothing then.
-    void release();
+    void release() { frames.reset(); }
 
     /// Plays from `tick` on: `loops` times, for ever when that is negative.
     void start(Tick tick, std::int32_t loops);
@@ -54,22 +52,19 @@ public:
     /// As `draw`, centred on (x, y).
     void drawCentred(Surface &target, std::int32_t x, std::int32_t y) const;
 
-    std::int32_t frameCount() const { return frameCount_; }
+    std::int32_t frameCount() const { return frames ? static_cast<std::int32_t>(frames->size()) : 0; }
     std::int32_t currentFrame() const { return currentFrame_; }
     /// Frame `index`, from 0 to frameCount - 1.
-    const Surface &frame(std::int32_t index) const { return *frames[static_cast<std::size_t>(index)]; }
+    const Surface &frame(std::int32_t index) const { return (*frames)[static_cast<std::size_t>(index)]; }
 
 private:
-    bool isVisible() const { return frameCount_ > 0 && loopsLeft != 0; }
-    void cutFrames(const Surface &strip);
+    bool isVisible() const { return frameCount() > 0 && loopsLeft != 0; }
 
-    std::vector<Surface *> frames; ///< Shared; deleted by the last holder.
+    std::shared_ptr<std::vector<Surface>> frames; ///< Null without frames.
     Ms frameTimeMs = 0;
-    std::int32_t frameCount_ = 0;
     std::int32_t currentFrame_ = 0;
     Tick startTick = 0;
     std::int32_t loopsLeft = 0;
-    ShareCount shareCount;
 };
 
 } // namespace mygame

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
-#include "graphics/share_count.h"
 #include "graphics/surface.h"
 
 namespace mygame
@@ -13,16 +13,15 @@ namespace mygame
 /// The glyphs of a set of characters, cut from one picture. Copies share the glyphs, and with them the colour
 /// key.
 ///
-/// In the picture the glyphs stand side by side in the order of the character set. Row 0 only marks them: a
-/// glyph is a run of columns whose row-0 pixel has the colour of the top-left pixel, and its pixels are the
-/// other rows of those columns.
+/// In the picture the glyphs stand side by side in the order of the character set and are marked in row 0, as
+/// `MarkedRuns` cuts them.
 class BitmapFont
 {
 public:
     BitmapFont() = default;
-    BitmapFont(const BitmapFont &other);
-    BitmapFont &operator=(const BitmapFont &other);
-    virtual ~BitmapFont();
+    BitmapFont(const BitmapFont &) = default;
+    BitmapFont &operator=(const BitmapFont &) = default;
+    virtual ~BitmapFont() = default;
 
     /// Cuts one glyph for each character from a picture file with a full path. Characters beyond the
     /// picture's last glyph get one of width 0. @return false, without glyphs, when the picture cannot be
@@ -30,7 +29,7 @@ public:
     bool load(const std::u16string &path, const std::u16string &characters);
 
     /// Gives up this font's share of the glyphs; texts draw nothing then.
-    void release();
+    void release() { glyphs.reset(); }
 
     /// Sets the key on every glyph, for all copies.
     void setColourKey(Pixel colour);
@@ -47,8 +46,7 @@ public:
 
 private:
     std::int32_t spacing_ = 1;
-    std::map<char16_t, Surface *> glyphs; ///< Shared; deleted by the last holder.
-    ShareCount shareCount;
+    std::shared_ptr<std::map<char16_t, Surface>> glyphs; ///< Null without glyphs.
 };
 
 } // namespace mygame

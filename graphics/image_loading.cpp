@@ -98,7 +98,7 @@ bool Surface::load(const std::u16string &path)
                         drawBitmap(loaded, source, readable, target, size.bmWidth, size.bmHeight) &&
                         allocate(size.bmWidth, size.bmHeight);
     if (packed)
-        packBitmap(static_cast<const std::uint8_t *>(bits), size.bmWidth, size.bmHeight, pixels_);
+        packBitmap(static_cast<const std::uint8_t *>(bits), size.bmWidth, size.bmHeight, pixels());
     platform::DeleteObject(loaded);
     platform::DeleteObject(readable);
     platform::DeleteDC(source);

@@ -12,25 +12,6 @@ constexpr std::align_val_t kPixelAlignment{64};
 
 } // namespace
 
-Surface::Surface(const Surface &other) { *this = other; }
-
-Surface &Surface::operator=(const Surface &other)
-{
-    if (this == &other)
-        return *this;
-    release();
-    keyEnabled_ = other.keyEnabled_;
-    colourKey_ = other.colourKey_;
-    width_ = other.width_;
-    height_ = other.height_;
-    pixelCount_ = other.pixelCount_;
-    pixels_ = other.pixels_;
-    shareCount_.join(other.shareCount_);
-    return *this;
-}
-
-Surface::~Surface() { release(); }
-
 bool Surface::create(std::int32_t width, std::int32_t height)
 {
     release();
@@ -40,9 +21,8 @@ bool Surface::create(std::int32_t width, std::int32_t height)
 
 void Surface::release()
 {
-    if (shareCount_.leave())
-        ::operator delete[](pixels_, kPixelAlignment);
-    pixels_ = nullptr;
+    // Kept: the colour key outlives the pixels; what is loaded next is drawn by it.
+    pixels_.reset();
     width_ = height_ = pixelCount_ = 0;
 }
 
@@ -53,10 +33,10 @@ bool Surface::allocate(std::int32_t width, std::int32_t height)
     const std::int64_t count = std::int64_t{width} * height;
     if (count > INT32_MAX)
         return false;
-    pixels_ = new (kPixelAlignment, std::nothrow) Pixel[static_cast<std::size_t>(count)]();
-    if (!pixels_)
+    auto *pixels = new (kPixelAlignment, std::nothrow) Pixel[static_cast<std::size_t>(count)]();
+    if (!pixels)
         return false;
-    shareCount_.begin();
+    pixels_ = {pixels, [](Pixel *unused) { ::operator delete[](unused, kPixelAlignment); }};
     width_ = width;
     height_ = height;
     pixelCount_ = static_cast<std::int32_t>(count);

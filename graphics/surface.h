@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "graphics/colour.h"
-#include "graphics/share_count.h"
 
 namespace mygame
 {
@@ -27,9 +27,9 @@ class Surface
 {
 public:
     Surface() = default;
-    Surface(const Surface &other);
-    Surface &operator=(const Surface &other);
-    virtual ~Surface();
+    Surface(const Surface &) = default;
+    Surface &operator=(const Surface &) = default;
+    virtual ~Surface() = default;
 
     /// Gives up the old pixels and makes width * height black ones, unshared, the colour key off.
     /// @return true; false, leaving the surface empty, for a negative size or without memory.
@@ -72,13 +72,11 @@ public:
     /// Elements of `pixels`: width * height.
     std::int32_t pixelCount() const { return pixelCount_; }
     /// Null while the surface is empty.
-    Pixel *pixels() { return pixels_; }
-    const Pixel *pixels() const { return pixels_; }
+    Pixel *pixels() { return pixels_.get(); }
+    const Pixel *pixels() const { return pixels_.get(); }
     /// Has a meaning only while `keyEnabled`.
     Pixel colourKey() const { return colourKey_; }
     bool keyEnabled() const { return keyEnabled_; }
-    /// Surfaces that share these pixels, 0 while there are none.
-    std::uint32_t shareCount() const { return shareCount_.holders(); }
 
 private:
     /// A block of pixels that lies inside both surfaces; nothing to copy when h is below 1.
@@ -91,11 +89,10 @@ private:
     void plotColumn(std::int32_t x, std::int32_t y1, std::int32_t y2, Pixel colour);
     void copyBlock(Surface &target, const Block &block) const;
 
-    ShareCount shareCount_;
+    std::shared_ptr<Pixel[]> pixels_;
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
     std::int32_t pixelCount_ = 0;
-    Pixel *pixels_ = nullptr;
     Pixel colourKey_ = 0;
     bool keyEnabled_ = false;
 };

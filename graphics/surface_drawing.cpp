@@ -5,25 +5,35 @@
 #include <cstring>
 #include <utility>
 
-// Built twice where that pays, for every processor and for those with wider registers; which of them runs is
-// found out when the program starts.
-#ifdef __x86_64__
-#define FOR_WIDER_REGISTERS_TOO __attribute__((target_clones("avx2", "default")))
-#else
-#define FOR_WIDER_REGISTERS_TOO
-#endif
-
 namespace mygame
 {
 namespace
 {
 
-/// Blocks from this width on, in pixels, gain more from wider registers than a call takes.
-constexpr std::int32_t kWideBlock = 16;
+/// Pixels that are compared and chosen at once. Every processor with wide registers has them at least this
+/// wide; left to itself the compiler would go pixel by pixel.
+constexpr std::int32_t kLanes = 8;
+using Lanes __attribute__((vector_size(kLanes * sizeof(Pixel)))) = Pixel;
+
+template <std::int32_t kCount> inline void copyKeyed(Pixel *to, const Pixel *from, Pixel key)
+{
+    if constexpr (kCount % kLanes == 0) {
+        for (std::int32_t x = 0; x < kCount; x += kLanes) {
+            Lanes below, above;
+            std::memcpy(&below, to + x, sizeof below);
+            std::memcpy(&above, from + x, sizeof above);
+            const auto isKey = above == key;
+            below = isKey ? below : above;
+            std::memcpy(to + x, &below, sizeof below);
+        }
+    } else {
+        for (std::int32_t x = 0; x < kCount; ++x)
+            to[x] = from[x] == key ? to[x] : from[x];
+    }
+}
 
 /// Copies a block column by column, in the first of these widths that fits. What is left at its right edge is
-/// part of a column that overlaps the one before: copying a pixel twice changes nothing. It chooses instead
-/// of branching, so that the compiler can handle a column's row at once.
+/// part of a column that overlaps the one before: copying a pixel twice changes nothing.
 template <std::int32_t kColumn, std::int32_t... kNarrower>
 inline void copyInColumns(Pixel *__restrict target, std::ptrdiff_t targetWidth,
                           const Pixel *__restrict source, std::ptrdiff_t sourceWidth, std::int32_t width,
@@ -39,18 +49,9 @@ inline void copyInColumns(Pixel *__restrict target, std::ptrdiff_t targetWidth,
         const std::int32_t left = std::min(start, width - kColumn);
         Pixel *to = target + left;
         const Pixel *from = source + left;
-        for (std::int32_t y = 0; y < height; ++y, to += targetWidth, from += sourceWidth) {
-            for (std::int32_t x = 0; x < kColumn; ++x)
-                to[x] = from[x] == key ? to[x] : from[x];
-        }
+        for (std::int32_t y = 0; y < height; ++y, to += targetWidth, from += sourceWidth)
+            copyKeyed<kColumn>(to, from, key);
     }
-}
-
-FOR_WIDER_REGISTERS_TOO
-void copyWideKeyed(Pixel *__restrict target, std::ptrdiff_t targetWidth, const Pixel *__restrict source,
-                   std::ptrdiff_t sourceWidth, std::int32_t width, std::int32_t height, Pixel key)
-{
-    copyInColumns<64, kWideBlock>(target, targetWidth, source, sourceWidth, width, height, key);
 }
 
 void copyWhole(Pixel *target, std::ptrdiff_t targetWidth, const Pixel *source, std::ptrdiff_t sourceWidth,
@@ -62,10 +63,11 @@ void copyWhole(Pixel *target, std::ptrdiff_t targetWidth, const Pixel *source, s
 
 } // namespace
 
-void Surface::fill(Pixel colour) { std::fill_n(pixels_, pixelCount_, colour); }
+void Surface::fill(Pixel colour) { std::fill_n(pixels(), pixelCount_, colour); }
 
 void Surface::fillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Pixel colour)
 {
+    // Kept: what begins exactly at the right or bottom edge goes on, and draws nothing.
     if (x2 < 0 || y2 < 0 || x1 > width_ || y1 > height_)
         return;
     x1 = std::max(x1, 0);
@@ -75,7 +77,7 @@ void Surface::fillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::i
     if (x2 < x1)
         return;
     for (std::int32_t y = y1; y <= y2; ++y)
-        std::fill_n(pixels_ + x1 + y * width_, x2 - x1 + 1, colour);
+        std::fill_n(pixels() + x1 + y * width_, x2 - x1 + 1, colour);
 }
 
 void Surface::drawRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Pixel colour)
@@ -113,14 +115,13 @@ inline void Surface::copyBlock(Surface &target, const Block &block) const
 {
     if (block.h < 1 || block.w < 1)
         return;
-    const Pixel *source = pixels_ + block.sx + block.sy * width_;
-    Pixel *destination = target.pixels_ + block.dx + block.dy * target.width_;
+    const Pixel *source = pixels() + block.sx + block.sy * width_;
+    Pixel *destination = target.pixels() + block.dx + block.dy * target.width_;
     if (!keyEnabled_)
         copyWhole(destination, target.width_, source, width_, block.w, block.h);
-    else if (block.w >= kWideBlock)
-        copyWideKeyed(destination, target.width_, source, width_, block.w, block.h, colourKey_);
     else
-        copyInColumns<8, 4, 1>(destination, target.width_, source, width_, block.w, block.h, colourKey_);
+        copyInColumns<32, 16, 8, 4, 1>(destination, target.width_, source, width_, block.w, block.h,
+                                       colourKey_);
 }
 
 void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const
@@ -136,6 +137,8 @@ void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const
         block.dy = 0;
         block.h = height_ + y;
     }
+    // Kept: at exactly the right or bottom edge, or just beyond the left or upper one, a block without pixels
+    // is still copied.
     if (x > target.width_ || y > target.height_ || block.w < 0 || block.h < 0)
         return;
     block.w = std::min(block.w, target.width_ - block.dx);

@@ -17,6 +17,7 @@ void AnimScreen::setScreens(Screen *staying, Screen *incoming)
 
 void AnimScreen::render(Surface &target)
 {
+    // Kept: neither is current. The one was left, the other is activated only at the end.
     from->render(target);
     to->render(buffer);
     buffer.blitTo(target, 0, offset);

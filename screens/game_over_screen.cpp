@@ -21,7 +21,7 @@ constexpr Line kLines[] = {
     {kScreenHeight - 60, u"\"GOOD JOB\""},
     {kScreenHeight - 40, u"RETURN TO MAIN MENU"},
 };
-/// A tap below this leads back to the main menu.
+/// A tap below this leads back to the main menu. Kept: the last line's upper row is not below it.
 constexpr std::int32_t kStripTop = kScreenHeight - 40;
 
 } // namespace

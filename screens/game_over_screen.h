@@ -9,7 +9,8 @@
 namespace mygame
 {
 
-/// The end of a lost game: a picture and four lines, the same every time. Draws right before it is activated.
+/// The end of a lost game: a picture and four lines, the same every time. It can be drawn
+/// before it was ever activated, as a transition does.
 class GameOverScreen : public Screen
 {
 public:

@@ -53,6 +53,7 @@ void MainMenuScreen::showTopList()
 
 void MainMenuScreen::showModeList()
 {
+    // Kept: the old game is given up here already, before a new one is chosen.
     gameState->player.health = Player::kNoGame;
     gameState->menu.open(this);
     for (const ModeRules &rules : gameModes())

@@ -113,6 +113,7 @@ void MenuWidget::onPointer(std::int32_t x, std::int32_t y)
     const std::int32_t top = columnTop();
     if (y < top || y >= top + kRowPitch * static_cast<std::int32_t>(items.size()))
         return;
+    // Kept: the caps and the text's length do not matter; every row is tapped in the same zone.
     selected = (y - top) / kRowPitch;
     state = State::Closing;
     startTick = platform::GetTickCount();

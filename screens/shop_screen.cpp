@@ -25,7 +25,8 @@ bool isInside(const Rect &rect, std::int32_t x, std::int32_t y)
 constexpr Rect kBackZone = {120, 278, 225, 302};
 constexpr Rect kBuyZone = {14, 278, 112, 302};
 constexpr Rect kItemZone = {27, 27, 170, 81};
-/// Items are told apart by where a tap lies to this point.
+/// Items are told apart by where a tap lies to this point. Kept: the gaps between the icons belong to them,
+/// their outermost rows and columns partly do not.
 constexpr std::int32_t kItemSplitX = 98;
 constexpr std::int32_t kItemSplitY = 54;
 
@@ -174,6 +175,7 @@ void ShopScreen::buy()
     const Offer *offer = findOffer(selected);
     if (!offer || gameState->player.money < offer->price)
         return;
+    // Kept: without an upper limit, and an untouched Earth is repaired for the full price.
     offer->apply(*gameState);
     gameState->player.money -= offer->price;
 }

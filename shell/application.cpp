@@ -62,6 +62,7 @@ Application::Application() : nextFrameTime(platform::GetTickCount()) {}
 
 Application::~Application()
 {
+    // Kept: also when there never was a window; the surroundings come back in any case.
     platform::ShowWindow(taskBar(), platform::SW_SHOW);
     platform::SetFullScreen(window, kShowAround);
     closeLog();
@@ -78,6 +79,7 @@ bool Application::init(platform::HINSTANCE instance, int showCommand)
     }
     display = std::make_unique<Display>(window);
     platform::GXOpenInput();
+    // Kept: as a screen the application is activated, too, which does nothing and succeeds.
     return activate(nullptr);
 }
 
@@ -112,27 +114,37 @@ void Application::hideSurroundings(platform::HWND created) const
 
 void Application::run()
 {
-    stopRequested = false;
-    do
-        runPass();
-    while (!stopRequested);
+    beginLoop();
+    while (runPass()) {
+    }
+    endLoop();
+}
+
+void Application::beginLoop() { stopRequested = false; }
+
+void Application::endLoop()
+{
     deactivate();
     logText("Main loop stopped");
 }
 
 void Application::requestStop() { stopRequested = true; }
 
-void Application::runPass()
+bool Application::runPass()
 {
     handleMessages();
     const Tick now = platform::GetTickCount();
     if (asDue(now) >= asDue(nextFrameTime)) {
+        // Kept: also after a stop was requested in this pass.
         if (platform::GetForegroundWindow() == window)
             runFrame();
+        // From before the frame: one that took longer is followed at once by the next, and none is made up
+        // for.
         nextFrameTime = tickAfter(now, kFrameIntervalMs);
     } else {
         platform::Sleep(kIdleSleepMs);
     }
+    return !stopRequested;
 }
 
 void Application::runFrame()
@@ -141,6 +153,7 @@ void Application::runFrame()
         render(display->backBuffer());
         display->endDraw();
     }
+    // Kept: also when nothing could be drawn, and with the clock read anew after the frame was shown.
     update(platform::GetTickCount());
 }
 
@@ -159,7 +172,10 @@ void Application::handleMessage(const platform::MSG &message)
     const auto place = static_cast<std::uint32_t>(message.lParam);
     switch (message.message) {
     case platform::WM_ACTIVATE:
-        lowWord(message.wParam) == 0 ? platform::GXSuspend() : platform::GXResume();
+        if (lowWord(message.wParam) == 0)
+            platform::GXSuspend();
+        else
+            platform::GXResume();
         break;
     case platform::WM_SETFOCUS:
         platform::GXResume();
@@ -201,6 +217,7 @@ void Application::setScreen(const std::string &name)
 
 void Application::setCurrentScreen(Screen *screen)
 {
+    // Kept: a screen that is current already is deactivated and activated all the same.
     if (currentScreen_)
         currentScreen_->deactivate();
     currentScreen_ = screen;

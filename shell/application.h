@@ -27,10 +27,20 @@ public:
     /// failed or because another copy is running, which then comes to the front.
     bool init(platform::HINSTANCE instance, int showCommand);
 
-    /// Runs frames until a stop is requested. After a successful `init`.
+    /// The main loop: passes until a stop is requested. After a successful `init`.
     void run();
 
-    /// Makes the loop end after its current pass. Without effect before `run`.
+    /// The same in pieces, for a host with a loop of its own: `beginLoop`, then `runPass` at least once and
+    /// for as long as it says, then `endLoop`.
+    void beginLoop();
+
+    /// Handles the messages that wait and runs the frame that is due, or sleeps when none is. Waits for
+    /// nothing else. @return false when a stop was requested: this was the last pass.
+    bool runPass();
+
+    void endLoop();
+
+    /// Makes the loop end after its current pass. Without effect before the loop begins.
     void requestStop();
 
     /// Registers a screen, replacing one of the same name. Names are compared byte by byte.
@@ -60,7 +70,6 @@ public:
 private:
     bool createWindow(platform::HINSTANCE instance, int showCommand);
     void hideSurroundings(platform::HWND created) const;
-    void runPass();
     void handleMessages();
     void handleMessage(const platform::MSG &message);
     void runFrame();

@@ -39,6 +39,7 @@ Display::~Display() { platform::GXCloseDisplay(); }
 void Display::logProperties() const
 {
     logText("Display properties:\n");
+    // Kept: without a space, unlike the others.
     logText("Screen Width:");
     logUnsigned(properties.width);
     logText("\nScreen Height: ");

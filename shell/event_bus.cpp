@@ -17,6 +17,7 @@ void EventBus::subscribe(std::int32_t type, EventListener *listener) { subscribe
 
 void EventBus::dispatchAll()
 {
+    // A list: what listeners post meanwhile is appended and reached, too.
     for (auto &event : queue) {
         deliver(*event);
         event.reset();

@@ -106,6 +106,18 @@ void Program::run(platform::HINSTANCE instance, int showCommand)
         application_->run();
 }
 
+bool Program::begin(platform::HINSTANCE instance, int showCommand)
+{
+    if (!application_->init(instance, showCommand))
+        return false;
+    application_->beginLoop();
+    return true;
+}
+
+bool Program::runPass() { return application_->runPass(); }
+
+void Program::end() { application_->endLoop(); }
+
 int startUp(platform::HINSTANCE instance, platform::HINSTANCE, const char16_t *, int showCommand)
 {
     Program().run(instance, showCommand);

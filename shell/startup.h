@@ -32,6 +32,13 @@ public:
     /// Opens the window and plays until the player leaves. Returns at once when there can be no window.
     void run(platform::HINSTANCE instance, int showCommand);
 
+    /// The same in pieces, for a host with a loop of its own. `begin` opens the window; when it returns false
+    /// there can be none, and nothing else is to be called. Then come passes until one returns false, and
+    /// `end`.
+    bool begin(platform::HINSTANCE instance, int showCommand);
+    bool runPass();
+    void end();
+
     Application &application() { return *application_; }
     const GameState &state() const { return *state_; }
 

@@ -165,6 +165,21 @@ TEST_F(ApplicationTest, RunsTheDueFrameOfThePassThatStopsIt)
                                           "s.render 240 320", "s.update 1001"}));
 }
 
+TEST_F(ApplicationTest, ReturnsFromEveryPassToAHostWithALoopOfItsOwn)
+{
+    ASSERT_TRUE(init());
+    application->setCurrentScreen(&screen);
+    application->requestStop();
+    application->beginLoop();
+    EXPECT_TRUE(application->runPass()) << "what was requested before the loop does not count";
+    device.post(platform::WM_QUIT, 0, 0);
+    EXPECT_FALSE(application->runPass());
+    closeLog();
+    std::filesystem::remove("log.txt");
+    application->endLoop();
+    EXPECT_EQ(logged(), "Main loop stopped");
+}
+
 TEST_F(ApplicationTest, SwitchesScreensAtOnceWithinADrain)
 {
     application->addScreen("t", &other);

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes every picture and sound of the game again from art/ and writes them to data/. For Debian 12 and 13.
+# Makes every picture and sound of the game again from art/ and writes them to data/. For Debian 12.
 set -eu
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh

@@ -10,8 +10,8 @@
 
 #include "graphics/image_loading.h"
 #include "platform/random.h"
-#include "tests/game/game_test.h"
 #include "replay/picture_file.h"
+#include "tests/game/game_test.h"
 
 namespace mygame::tests
 {

@@ -36,12 +36,12 @@ inline void copyRowKeyed(Pixel *__restrict to, const Pixel *__restrict from, Pix
 {
     using Lanes __attribute__((vector_size(kLanes * sizeof(Pixel)))) = Pixel;
     if constexpr (kCount % kLanes == 0) {
+        const Lanes keys = Lanes{} + key;
         for (std::int32_t x = 0; x < kCount; x += kLanes) {
             Lanes below, above;
             std::memcpy(&below, to + x, sizeof below);
             std::memcpy(&above, from + x, sizeof above);
-            const auto isKey = above == key;
-            below = isKey ? below : above;
+            below = above == keys ? below : above;
             std::memcpy(to + x, &below, sizeof below);
         }
     } else {

@@ -70,7 +70,8 @@ std::string faultOf(const std::string &line, const Json &evidence)
     if (!std::regex_match(line, fact, kFact))
         return "this is no fact";
     const Json &frames = evidence["frames"];
-    const Json &frame = fact[kWhen].matched ? frameAt(fact[kWhen], frames) : evidence;
+    const std::string when = fact[kWhen];
+    const Json &frame = when.empty() ? evidence : frameAt(when, frames);
     const Json found = memberOf(frame, fact[kMember]);
     Json expected = Json::parse(fact.str(kValue), nullptr, false);
     if (fact[kAsAt].matched)

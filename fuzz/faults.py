@@ -176,8 +176,20 @@ def slips_of_signs(tokens, i):
                 yield kind, i, i + 1, table[token.text]
 
 
+def is_members_default(tokens, i):
+    """What `Tick start = 0;` gives a member: mostly overwritten before anyone reads it, and dear to build again."""
+    begin = i
+    while begin > 0 and tokens[begin - 1].text not in (";", "{", "}"):
+        begin -= 1
+    declaration = tokens[begin:i]
+    return (not tokens[i].in_code and tokens[i - 1].text == "=" and declares(declaration)
+            and "constexpr" not in (token.text for token in declaration))
+
+
 def slips_of_words(tokens, i):
     token, before, after = tokens[i], tokens[i - 1], tokens[i + 1]
+    if is_members_default(tokens, i):
+        return
     if token.kind == "number":
         of_a_type = before.text == "<" and before.glued or after.text == ">" and token.glued
         pure = before.text == "=" and tokens[i - 2].text in (")", "const", "noexcept", "override")

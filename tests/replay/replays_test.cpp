@@ -17,44 +17,78 @@ namespace
 
 using Json = nlohmann::json;
 
-const std::filesystem::path kReplays = REPLAYS_FOLDER;
+const std::filesystem::path kReplays = REPLAYS_FOLDER, kFirstFolder = std::filesystem::current_path();
 
 enum Part { kWhen = 1, kMember, kVerb, kNot, kAsAt, kValue };
 const std::regex kFact("(?:at (\\w+) )?(\\S+) (is|are|counts) (not )?(as at )?(.*?) *(?:#.*)?");
 const std::regex kNoFact(" *(?:#.*)?");
+const std::regex kUnmet(":(\\d+): the pictures are not those recorded");
 
-/// What one replay left behind: its `frames`, with `ms` since the first one and the state's members beside
-/// their own, its `screens`, `log`, `errors` and `exit` status.
-Json evidenceOf(const std::string &name)
+/// What one replay left behind.
+struct Evidence {
+    std::vector<std::string> frames; ///< The lines of the trace.
+    Json run;                        ///< Its `screens`, `log`, `errors` and `exit` status.
+};
+
+/// The value of a member in a line of a trace, which is parsed as a whole only where a fact is about it.
+std::string textOf(const std::string &frame, const std::string &member)
+{
+    const std::size_t value = frame.find('"' + member + "\":") + member.size() + 3;
+    return frame.substr(value, frame.find(',', value) - value);
+}
+
+Evidence evidenceOf(const std::string &name)
 {
     std::filesystem::copy(kReplays / (name + ".txt"), ".");
     const Outcome run = runReplay(name + ".txt --data \"" DATA_FOLDER "\" --trace trace");
-    Json frames = Json::array();
+    Evidence evidence;
     std::string screens, last;
     std::istringstream trace(readFile("trace"));
     for (std::string line; std::getline(trace, line);) {
-        Json frame = Json::parse(line);
-        const std::uint32_t tick = frame["tick"],
-                            first = frames.empty() ? tick : frames[0]["tick"].get<std::uint32_t>();
-        frame.update(Json(frame["state"]));
-        frame["ms"] = tick - first;
-        if (frame["screen"] != last)
-            screens += (last.empty() ? "" : " ") + frame["screen"].get<std::string>();
-        last = frame["screen"];
-        frames.push_back(std::move(frame));
+        const std::string screen = textOf(line, "screen");
+        if (screen != last)
+            screens += (last.empty() ? "" : " ") + screen.substr(1, screen.size() - 2);
+        last = screen;
+        evidence.frames.push_back(std::move(line));
     }
-    return {{"frames", frames},
-            {"screens", screens},
-            {"log", readFile("log.txt")},
-            {"errors", run.errors},
-            {"exit", run.exit}};
+    evidence.run = {
+        {"screens", screens}, {"log", readFile("log.txt")}, {"errors", run.errors}, {"exit", run.exit}};
+    return evidence;
 }
 
-const Json &frameAt(const std::string &when, const Json &frames)
+/// The picture of the first check that is not met, in the folder where the test began. Empty when all are.
+std::string pictureLeft(const std::string &name, const std::string &errors)
 {
-    const auto isReached = [&](const Json &frame) { return frame["ms"] >= std::stoul(when); };
+    std::smatch unmet;
+    if (!std::regex_search(errors, unmet, kUnmet))
+        return "";
+    std::istringstream lines(readFile(name + ".txt"));
+    std::string script;
+    int number = 0;
+    for (std::string line; std::getline(lines, line); script += line + '\n') {
+        if (++number == std::stoi(unmet[1]))
+            script += line.substr(0, line.find("check")) + "snapshot actual\n";
+    }
+    writeFile("script", script);
+    runReplay("script --data \"" DATA_FOLDER "\"");
+    const std::filesystem::path picture = kFirstFolder / (name + ".actual.png");
+    std::filesystem::copy_file("actual.png", picture, std::filesystem::copy_options::overwrite_existing);
+    return picture;
+}
+
+/// A frame with the state's members beside its own.
+Json frameAt(const std::string &when, const std::vector<std::string> &frames)
+{
+    const auto tickOf = [](const std::string &frame) {
+        return static_cast<std::uint32_t>(std::stoul(textOf(frame, "tick")));
+    };
+    const auto isReached = [&](const std::string &frame) {
+        return tickOf(frame) - tickOf(frames[0]) >= std::stoul(when);
+    };
     const auto found = when == "end" ? frames.end() - 1 : std::ranges::find_if(frames, isReached);
-    return frames.at(static_cast<std::size_t>(found - frames.begin()));
+    Json frame = Json::parse(frames.at(static_cast<std::size_t>(found - frames.begin())));
+    frame.update(Json(frame["state"]));
+    return frame;
 }
 
 Json memberOf(const Json &frame, std::string path)
@@ -64,14 +98,13 @@ Json memberOf(const Json &frame, std::string path)
 }
 
 /// @return what is wrong, empty when it is as the line tells.
-std::string faultOf(const std::string &line, const Json &evidence)
+std::string faultOf(const std::string &line, const Evidence &evidence)
 {
     std::smatch fact;
     if (!std::regex_match(line, fact, kFact))
         return "this is no fact";
-    const Json &frames = evidence["frames"];
-    const std::string when = fact[kWhen];
-    const Json &frame = when.empty() ? evidence : frameAt(when, frames);
+    const std::vector<std::string> &frames = evidence.frames;
+    const Json frame = fact[kWhen].matched ? frameAt(fact[kWhen], frames) : evidence.run;
     const Json found = memberOf(frame, fact[kMember]);
     Json expected = Json::parse(fact.str(kValue), nullptr, false);
     if (fact[kAsAt].matched)
@@ -98,7 +131,11 @@ struct Replays : DeviceTest, testing::WithParamInterface<std::string> {
 
 TEST_P(Replays, Show)
 {
-    const Json evidence = evidenceOf(GetParam());
+    const Evidence evidence = evidenceOf(GetParam());
+    const std::string picture = pictureLeft(GetParam(), evidence.run["errors"]);
+    EXPECT_EQ(picture, "") << evidence.run["errors"] << "what it was: tests/recorded.sh " << GetParam();
+    const bool isPinned = readFile(GetParam() + ".txt").find(" check ") != std::string::npos;
+    EXPECT_EQ(isPinned, !evidence.frames.empty()) << "tests/pin.sh pins it";
     std::string text = readFile(kReplays / (GetParam() + ".facts"));
     EXPECT_NE(text, "") << GetParam() << " has no facts";
     if (text.find("errors are") == std::string::npos)

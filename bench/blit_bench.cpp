@@ -90,7 +90,7 @@ public:
         }
     }
 
-    const SDL_Point &next() { return places[turn++ % kCount]; }
+    const SDL_Point &next() { return places[turn_++ % kCount]; }
 
 private:
     static int between(int a, int b, std::mt19937 &random)
@@ -100,7 +100,7 @@ private:
 
     static constexpr unsigned kCount = 64;
     SDL_Point places[kCount];
-    unsigned turn = 0;
+    unsigned turn_ = 0;
 };
 
 Surface ourScreen()

@@ -300,7 +300,8 @@ TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
     PictureScaler scaler;
     for (const Size size : {Size{240, 320}, {241, 321}, {450, 600}, {810, 1080}, {1079, 1439}}) {
         scaler.resize(size);
-        std::vector<std::uint32_t> picture(static_cast<std::size_t>(size.width * size.height));
+        std::vector<std::uint32_t> picture(static_cast<std::size_t>(size.width) *
+                                           static_cast<std::size_t>(size.height));
         const std::ptrdiff_t pitch = size.width * 4;
         const RowSpan lower = scaler.rowsShowing({100, 320});
         scaler.draw(frame, {0, lower.first}, reinterpret_cast<std::byte *>(picture.data()), pitch);
@@ -310,7 +311,7 @@ TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
             for (int x = 0; x < size.width; ++x) {
                 const int left = x * 240 / size.width, right = ((x + 1) * 240 - 1) / size.width;
                 const int top = y * 320 / size.height, bottom = ((y + 1) * 320 - 1) / size.height;
-                const std::uint32_t is = picture[static_cast<std::size_t>(y * size.width + x)];
+                const std::uint32_t is = *(picture.data() + std::ptrdiff_t{y} * size.width + x);
                 const auto green = [&](int column, int row) {
                     return static_cast<int>(common::toXrgb8888(rowOf(frame, row)[column]) >> 8 & 0xFF);
                 };

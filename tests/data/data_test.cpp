@@ -1,7 +1,6 @@
 /// What the pictures in data/ must keep for the game to work.
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -163,28 +162,6 @@ TEST(Data, HoldsTheTextsOfTheShopInItsBoxes)
             const bool isText = full.pixelAt(x, y) != pixel && full.pixelAt(x, y) != kRed;
             EXPECT_TRUE(!isText || (x <= 236 && greenOf(pixel) < 7)) << x << ", " << y;
         });
-    }
-}
-
-TEST(Data, PaintsTheShopsButtonsOnTheirTapZones)
-{
-    const auto shop = loaded<Surface>("shop.png");
-    const auto lightStep = [&](std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2) {
-        return std::abs(greenOf(shop.pixelAt(x1, y1)) - greenOf(shop.pixelAt(x2, y2)));
-    };
-    for (const auto &[left, right] : {std::array{15, 111}, {121, 224}}) {
-        constexpr std::int32_t kTop = 279, kBottom = 301;
-        int above = 0, below = 0, before = 0, behind = 0; // how clear each edge is, summed up
-        for (std::int32_t x = left; x <= right; ++x) {
-            above += lightStep(x, kTop - 1, x, kTop);
-            below += lightStep(x, kBottom, x, kBottom + 1);
-        }
-        for (std::int32_t y = kTop; y <= kBottom; ++y) {
-            before += lightStep(left - 1, y, left, y);
-            behind += lightStep(right, y, right + 1, y);
-        }
-        EXPECT_GE(std::min(above, below) / (right - left + 1), 4) << left;
-        EXPECT_GE(std::min(before, behind) / (kBottom - kTop + 1), 4) << left;
     }
 }
 

@@ -20,39 +20,6 @@ struct GameRulesTest : GameTest {
     }
 };
 
-TEST_F(GameRulesTest, CompareTheSpawnClockAsSigned)
-{
-    device.switchOn(INT32_MAX - 2000u);
-    playUnderEmptySky();
-    EXPECT_EQ(frame(), "tick, spawned, spawned") << "what is due beyond the edge is due at once";
-    device.switchOn(UINT32_MAX - 2000);
-    playUnderEmptySky();
-    EXPECT_EQ(frame(5000), "tick") << "only just due";
-    EXPECT_EQ(frame(1), "tick, spawned, spawned") << "after the wrap, as after five seconds anywhere";
-}
-
-TEST_F(GameRulesTest, CountEveryPairOfADirectHitAndOfABlast)
-{
-    const struct {
-        std::vector<std::int32_t> asteroids, missiles; ///< The x of each.
-        const char *story;
-        std::int32_t money;
-    } kHits[] = {
-        {{100}, {110}, "", 0},
-        {{100}, {109}, ", detonated, destroyed, destroyed", 200},
-        {{100}, {95, 105}, ", detonated, destroyed, detonated, destroyed, destroyed", 300},
-        {{100, 109}, {105}, ", detonated, destroyed, detonated, destroyed, destroyed, destroyed", 400}};
-    for (const auto &[asteroids, missiles, story, money] : kHits) {
-        playUnderEmptySky();
-        for (std::int32_t id = 1; const std::int32_t x : asteroids)
-            hang(id++, x, 100);
-        for (std::int32_t id = 11; const std::int32_t x : missiles)
-            aim(id++, x, 100);
-        EXPECT_EQ(frame(), std::string("tick") + story);
-        EXPECT_EQ(state.player.money, money) << story;
-    }
-}
-
 TEST_F(GameRulesTest, BlastStrictlyWithin28Pixels)
 {
     hang(1, 128, 100);
@@ -84,60 +51,6 @@ TEST_F(GameRulesTest, WrapFarDistances)
     }
 }
 
-TEST_F(GameRulesTest, StrikeTheEarthBelowItsEdge)
-{
-    constexpr struct {
-        std::int32_t x, edge;
-    } kEdges[] = {{113, 260}, {117, 260}, {118, 261}, {108, 261}, {0, 283}, {229, 284}};
-    for (const auto &[x, edge] : kEdges) {
-        state.player.health = 100;
-        hang(1, x, edge);
-        EXPECT_EQ(frame(), "tick") << x;
-        hang(1, x, edge + 1);
-        EXPECT_EQ(frame(), "tick, hit, destroyed") << x;
-        EXPECT_EQ(state.player.health, 90);
-    }
-}
-
-TEST_F(GameRulesTest, ShiftTheClocksBackToTheLastPauseWheneverTheyResume)
-{
-    tap(211, 291);
-    EXPECT_EQ(frame(), "pause, tick");
-    EXPECT_EQ(frame(30000), "tick") << "nothing comes";
-    application.setScreen("GAME");
-    EXPECT_EQ(frame(30000), "resume, tick");
-    EXPECT_EQ(state.elapsedMs, 0);
-    EXPECT_EQ(frame(5000), "tick");
-    EXPECT_EQ(frame(1).substr(0, 13), "tick, spawned") << "after five seconds of the game";
-    application.setScreen("GAME"); // resumes once more, 65 seconds after the pause
-    frame();
-    EXPECT_EQ(state.elapsedMs, -60000);
-}
-
-TEST_F(GameRulesTest, GrowTheWavesOfACampaign)
-{
-    constexpr struct {
-        Difficulty difficulty;
-        std::size_t groupSizes[15];
-    } kCampaigns[] = {{Difficulty::Easy, {1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7, 8, 8}},
-                      {Difficulty::Medium, {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 11, 11, 11, 11, 11}},
-                      {Difficulty::Hard, {3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 12, 12, 12, 12, 12}}};
-    for (const auto &[difficulty, groupSizes] : kCampaigns) {
-        play(GameMode::Campaign, difficulty);
-        for (std::int32_t wave = 1; const std::size_t groupSize : groupSizes) {
-            for (int group = 1; group <= 5; ++group) {
-                state.asteroids.clear();
-                frame();
-                EXPECT_EQ(state.asteroids.size(), groupSize) << wave << ' ' << group;
-            }
-            EXPECT_EQ(state.asteroids.begin()->second.flightMs, 4120 - wave * 120);
-            EXPECT_EQ(application.currentScreen(), application.findScreen(wave < 15 ? "SHOP" : "MESSAGE"));
-            application.setScreen("GAME");
-            ++wave;
-        }
-    }
-}
-
 TEST_F(GameRulesTest, LetNothingComeOrEndWithoutAMode)
 {
     for (const GameMode mode : {GameMode::None, static_cast<GameMode>(-1), static_cast<GameMode>(99)}) {
@@ -151,26 +64,6 @@ TEST_F(GameRulesTest, LetNothingComeOrEndWithoutAMode)
         EXPECT_EQ(frame(), "ended, tick");
         EXPECT_EQ(application.currentScreen(), application.findScreen("GAME")) << "no other screen follows";
         EXPECT_FALSE(canResume(state));
-    }
-}
-
-TEST_F(GameRulesTest, TakeTheirNumbersFromTheModeAndTheDifficulty)
-{
-    constexpr Difficulty kDifficulties[] = {Difficulty::None, Difficulty::Easy, Difficulty::Medium,
-                                            Difficulty::Hard};
-    constexpr struct {
-        GameMode mode;
-        std::size_t asteroids[4];
-        std::int32_t missileSlots[4];
-    } kModes[] = {{GameMode::Survival, {0, 2, 2, 2}, {0, 3, 2, 1}},
-                  {GameMode::TimeAttack, {0, 3, 7, 10}, {0, 1, 2, 3}}};
-    for (const auto &[mode, asteroids, missileSlots] : kModes) {
-        for (std::size_t i = 0; i < 4; ++i) {
-            play(mode, kDifficulties[i]);
-            EXPECT_EQ(state.asteroids.size(), asteroids[i]);
-            EXPECT_EQ(state.player.missileSlots, missileSlots[i]);
-            EXPECT_EQ(state.groupSize, static_cast<std::int32_t>(i));
-        }
     }
 }
 
@@ -189,19 +82,6 @@ TEST_F(GameRulesTest, StartOneSoundInMoreThan100Ms)
     EXPECT_EQ(soundsOf(1), once);
     state.soundOn = 0;
     EXPECT_EQ(soundsOf(500), none);
-}
-
-TEST_F(GameRulesTest, GoOnForAFrameAfterTheEndOfAGame)
-{
-    EventBus::instance().post<MissileDetonatedEvent>(0, 100, 100);
-    frame();
-    while (!state.explosions.begin()->second.sprite.isFinished())
-        frame(30);
-    EventBus::instance().post<GameEndedEvent>();
-    EXPECT_EQ(frame(), "ended, tick");
-    application.setScreen("GAME");
-    EXPECT_EQ(frame(), "finished, resume, tick");
-    EXPECT_TRUE(state.explosions.empty());
 }
 
 TEST_F(GameRulesTest, WearThePropulsionDownToNothing)

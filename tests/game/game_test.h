@@ -56,13 +56,10 @@ struct LaterDevice : platform::VirtualDevice {
         static platform::Tick tick = 0;
         switchOn(tick += kMsBetweenDevices);
         dataFolder = DATA_FOLDER;
-        hiddenFiles = {u"bg.jpg", u"game_over.jpg", u"menu.jpg", u"shop.png"};
         platform::useDevice(*this);
     }
 };
 
-/// The program's pictures without those that cover the whole screen: a screen is black but for what it draws
-/// itself.
 class GameTest : public testing::Test
 {
 protected:

@@ -140,16 +140,5 @@ TEST_F(BitmapFontTest, MeasuresAlignsAndClips)
     }
 }
 
-TEST_F(BitmapFontTest, SharesGlyphsAndKeyWithCopies)
-{
-    BitmapFont font = fontOf("MM.MM/a.xbb/", u"AB");
-    const BitmapFont copy(font);
-    font.setColourKey('.');
-    EXPECT_TRUE(copy.glyph(u'A')->keyEnabled());
-    EXPECT_FALSE(font.load(u"\\device\\missing.png", u"A"));
-    EXPECT_EQ(glyphsOf(font, u"AB"), "none none ");
-    EXPECT_EQ(glyphsOf(copy, u"AB"), "a./ bb/ ");
-}
-
 } // namespace
 } // namespace mygame::tests

@@ -1,7 +1,44 @@
+#include <algorithm>
 #include <climits>
+#include <cstdlib>
 #include <functional>
+#include <new>
 
 #include "tests/support/letters.h"
+
+namespace
+{
+
+// Around the pixels of every surface lies memory in which no byte may change.
+constexpr std::size_t kGuardBytes = 256;
+constexpr unsigned char kGuard = 0xA5;
+
+} // namespace
+
+void *operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t &) noexcept
+{
+    const std::size_t unit = static_cast<std::size_t>(alignment), room = (size + unit - 1) / unit * unit;
+    auto *memory = static_cast<unsigned char *>(std::aligned_alloc(unit, room + 2 * kGuardBytes));
+    if (!memory)
+        return nullptr;
+    std::fill_n(memory, room + 2 * kGuardBytes, kGuard);
+    std::copy_n(reinterpret_cast<unsigned char *>(&size), sizeof size, memory);
+    return memory + kGuardBytes;
+}
+
+void operator delete[](void *pixels, std::align_val_t) noexcept
+{
+    if (!pixels)
+        return;
+    unsigned char *memory = static_cast<unsigned char *>(pixels) - kGuardBytes, *end = nullptr;
+    std::size_t size = 0;
+    std::copy_n(memory, sizeof size, reinterpret_cast<unsigned char *>(&size));
+    end = memory + kGuardBytes + size;
+    const auto isTouched = [](unsigned char byte) { return byte != kGuard; };
+    EXPECT_TRUE(std::none_of(memory + sizeof size, memory + kGuardBytes, isTouched)) << "before the pixels";
+    EXPECT_TRUE(std::none_of(end, end + kGuardBytes, isTouched)) << "behind the pixels";
+    std::free(memory);
+}
 
 namespace mygame::tests
 {

@@ -1,6 +1,7 @@
 /// The whole program with bad data files: each picture and the sound by itself, and all pictures together.
 #include <algorithm>
 #include <filesystem>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -49,7 +50,10 @@ std::string play(const std::vector<std::string> &replaced, const std::string &by
         std::filesystem::create_symlink(isGood ? DATA_FOLDER "/" + name : PICTURES_FOLDER "/" + by,
                                         "data/" + name);
     }
-    const Outcome run = runReplay("\"" REPLAYS_FOLDER "/all-screens.txt\" --data data --trace trace");
+    // Its checks are of the good files.
+    writeFile("script", std::regex_replace(readFile(REPLAYS_FOLDER "/all-screens.txt"),
+                                           std::regex("at \\d+ check .*\n"), ""));
+    const Outcome run = runReplay("script --data data --trace trace");
     EXPECT_EQ(run.exit, 0) << by;
     EXPECT_EQ(run.output + run.errors, "") << by;
     EXPECT_TRUE(readFile("log.txt").ends_with("Main loop stopped")) << by;

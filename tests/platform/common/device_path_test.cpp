@@ -10,6 +10,8 @@ namespace
 TEST(DevicePath, SeparatesFoldersByBackslashes)
 {
     EXPECT_EQ(toDevicePath("/My Games/\u00e4\u20ac\U0001F680"), u"\\My Games\\\u00e4\u20ac\U0001F680");
+    EXPECT_EQ(toDevicePath("\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80"), u"\x7F\x80\x7FF\x800") << "ends of lengths";
+    EXPECT_EQ(toHostPath(u"\x7F\x80\x7FF\x800"), "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80");
     EXPECT_EQ(toHostPath(u"a\xD83D\xDFFF\xD800"), "a\U0001F7FF?") << "a surrogate that stands for nothing";
 }
 

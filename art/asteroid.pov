@@ -52,6 +52,19 @@ object {
     }
     finish { diffuse 0.95 ambient 0 }
   }
+  // Grit: light and dark spots a pixel or two across.
+  texture {
+    pigment {
+      granite scale 0.42
+      color_map {
+        [0.00 rgb 0 transmit 0.48]
+        [0.36 rgb 0 transmit 0.95]
+        [0.55 rgb 1 transmit 1.00]
+        [1.00 rgb 1 transmit 0.58]
+      }
+    }
+    finish { diffuse 0.95 ambient 0 }
+  }
   transform { Spin }
   scale Size
 }

@@ -176,7 +176,7 @@ Pixel march(const std::vector<Ball> &balls, double x, double y, double t)
     return {alpha > 0 ? colour * (1 / alpha) : Vec{}, alpha};
 }
 
-/// The cloud, reduced to the finished size; thinning smoke leaves out pixels.
+/// The cloud, reduced to the finished size, with what it covers of every pixel.
 Picture cloudAt(const std::vector<Ball> &balls, double t)
 {
     Picture picture(kSize, kSize);
@@ -191,12 +191,40 @@ Picture cloudAt(const std::vector<Ball> &balls, double t)
                 sum = sum + p.colour * p.alpha;
                 cover += p.alpha;
             }
-            const double alpha = cover / (kSamples * kSamples);
-            const double thin = 0.05 + 0.75 * smooth(0.45, 0.75, t);
-            if (alpha > 0.42 + thin * (threshold(x, y) - 0.5))
-                picture.at(x, y) = {inPalette(sum * (1 / cover)), 1};
+            picture.at(x, y) = {cover > 0 ? sum * (1 / cover) : Vec{}, cover / (kSamples * kSamples)};
         }
     return picture;
+}
+
+/// How much a pixel of the cloud must be covered to be drawn: thinning smoke falls apart into ragged puffs.
+double neededCover(int x, int y, double t)
+{
+    const double puffs =
+        noise({x / 5.2, y / 5.2, 2.5 + 1.2 * t}) + 0.5 * noise({x / 2.4, y / 2.4, 8.5 + 2 * t});
+    return std::max(0.15, 0.42 + (0.75 * puffs - 0.01) * smooth(0.55, 0.80, t));
+}
+
+/// The cloud cut clean in its few colours. Where the smoke thins out, three greys round its puffs: light on
+/// the upper left.
+Picture cutCloud(const Picture &cloud, double t)
+{
+    Picture cut(kSize, kSize);
+    const auto body = [&](int x, int y) {
+        return cloud.contains(x, y) ? cloud.at(x, y).alpha - neededCover(x, y, t) : 0.0;
+    };
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x) {
+            if (body(x, y) <= 0)
+                continue;
+            Vec colour = inPalette(cloud.at(x, y).colour);
+            const bool glows = colour.x > 1.5 * colour.z;
+            if (t > 0.70 && !glows) {
+                const double towardsSun = body(x + 1, y + 1) - body(x - 1, y - 1);
+                colour = hex(towardsSun > 0.16 ? 0x84828C : towardsSun > -0.14 ? 0x63616B : 0x4A4952);
+            }
+            cut.at(x, y) = {colour, 1};
+        }
+    return cut;
 }
 
 /// Sets a pixel that the cloud does not hide.
@@ -206,28 +234,50 @@ void put(Picture &picture, int x, int y, Vec colour)
         picture.at(x, y) = {colour, 1};
 }
 
-/// The light around the fire and the ring that runs ahead of it, both broken up over the sky.
-void addGlow(Picture &picture, double t)
+/// Thresholds between 0 and 1 that lie far from their like in every direction: a small share is scattered
+/// evenly, in no pattern that the eye finds.
+double scatter(int x, int y)
 {
-    const double fire = 0.30 + 0.60 * (1 - std::exp(-16 * t)), ring = 0.50 + 0.66 * (1 - std::exp(-9 * t));
+    const double at = 0.7548776662 * x + 0.5698402910 * y;
+    return std::fabs(2 * (at - std::floor(at)) - 1);
+}
+
+constexpr int kGlowReach = 8; // pixels
+
+/// Pixels from a place to the nearest that the fire covers, kGlowReach at most.
+double awayFrom(const Picture &fire, int x, int y)
+{
+    double nearest = kGlowReach;
+    for (int j = y - kGlowReach; j <= y + kGlowReach; ++j)
+        for (int i = x - kGlowReach; i <= x + kGlowReach; ++i)
+            if (fire.contains(i, j) && fire.at(i, j).alpha > 0)
+                nearest = std::min(nearest, std::hypot(i - x, j - y));
+    return nearest;
+}
+
+/// The light around the fire, a ragged rim and a few sparks beyond, and the ring that runs ahead of it.
+void addGlow(Picture &picture, const Picture &fire, double t)
+{
+    const double ring = 0.50 + 0.66 * (1 - std::exp(-9 * t));
     const double glowing = smooth(0.42, 0.10, t), ringing = smooth(0.01, 0.05, t) * smooth(0.36, 0.16, t);
     for (int y = 0; y < kSize; ++y)
         for (int x = 0; x < kSize; ++x) {
-            if (picture.at(x, y).alpha > 0)
-                continue;
             const double px = (x + 0.5 - kSize / 2.0) / kReach, py = (kSize / 2.0 - y - 0.5) / kReach;
             const double r = std::sqrt(px * px + py * py);
-            if (r * kReach > kSize / 2.0 - 0.5)
+            if (picture.at(x, y).alpha > 0 || r * kReach > kSize / 2.0 - 0.5)
                 continue;
             const double gaps = 0.45 + 1.5 * noise({px / r * 2.7, py / r * 2.7, 3 + 5 * t});
-            const double glow = 0.78 * glowing * std::exp(-std::max(0.0, r - fire) / 0.16) *
-                                (0.85 + 0.6 * noise({px * 2.4, py * 2.4, 7 + 4 * t}));
-            const double line = 0.95 * ringing * gaps * smooth(0.085, 0.0, std::fabs(r - ring));
-            const double at = threshold(x, y);
-            if (line > at * 0.8)
+            const double line = ringing * gaps * smooth(0.055, 0.015, std::fabs(r - ring));
+            const double away = awayFrom(fire, x, y);
+            const double glow = glowing * std::exp(-away / 2.8) * smooth(kGlowReach, 0.5 * kGlowReach, away) *
+                                (0.95 + 0.9 * noise({x / 3.1, y / 3.1, 7 + 4 * t}));
+            const double at = scatter(x, y);
+            if (line > 0.30 + 0.25 * at)
                 put(picture, x, y, hex(t < 0.12 ? 0xFFD860 : t < 0.22 ? 0xFF8A28 : 0xC8401A));
-            else if (glow > at)
-                put(picture, x, y, hex(glow > at + 0.5 ? 0xC8401A : glow > at + 0.25 ? 0x9A2A1A : 0x6A201C));
+            else if (glow > 0.46)
+                put(picture, x, y, hex(glow > 0.66 ? 0xC8401A : 0x9A2A1A));
+            else if (0.75 * glow > at)
+                put(picture, x, y, hex(0x6A201C));
         }
 }
 
@@ -286,10 +336,11 @@ void addSplinters(Picture &picture, double t)
 void renderFrame(const std::vector<Puff> &puffs, int frame, const std::string &path)
 {
     const double t = (frame + 0.35) / kFrames;
-    Picture picture = cloudAt(ballsAt(puffs, t), t);
+    const Picture fire = cutCloud(cloudAt(ballsAt(puffs, t), t), t);
+    Picture picture = fire;
     addSplinters(picture, t);
     addEmbers(picture, t);
-    addGlow(picture, t);
+    addGlow(picture, fire, t);
     writePng(path, mapped(picture, [](const Pixel &p) {
                  return withAlpha(bytesOf(toSrgb(p.colour)), byteOf(p.alpha));
              }));

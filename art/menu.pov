@@ -1,4 +1,4 @@
-// The title: a great rock hangs over the Earth, smaller ones are on their way, the satellite keeps watch.
+// The title: a great rock hangs over the Earth, above the game's name, smaller ones are on their way, the satellite keeps watch.
 #include "functions.inc"
 #include "common.inc"
 #include "earth.inc"
@@ -20,7 +20,7 @@ object { Earth(12, -18, -16, 1.8) scale 205 translate At(150, 425, 400) }
   #include File
   object { Rock RockTexture(Colour, Dust, 0.35) rotate Spin scale Size translate Place }
 #end
-FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 35, 20>, 56, At(186, 38, 0))
+FallingRock("rock1.inc", RockBrown, srgb <0.78, 0.72, 0.64>, <-30, 35, 20>, 47, At(203, 6, 0))
 FallingRock("rock4.inc", RockOchre, srgb <0.90, 0.76, 0.50>, <50, 20, 10>, 13, At(96, 22, -50))
 FallingRock("rock3.inc", RockSlate, srgb <0.72, 0.78, 0.86>, <10, 120, 70>, 8, At(52, 36, -50))
 FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 6.5, At(26, 14, -50))
@@ -30,7 +30,7 @@ FallingRock("rock2.inc", RockRust, srgb <0.84, 0.56, 0.38>, <10, 60, -50>, 6.5, 
   object { Rock RockTexture(RockBrown, srgb <0.78, 0.72, 0.64>, 0.3)
     rotate 360 * <rand(Chance), rand(Chance), 0>
     scale 0.8 + 1.9 * pow(rand(Chance), 2)
-    translate At(112 + 120 * rand(Chance), 6 + 100 * rand(Chance), -90 * (I > 8)) }
+    translate At(100 + 132 * rand(Chance), 4 + 40 * rand(Chance), -90 * (I > 8)) }
 #end
 
 // A rock that has reached the air: a white head and a tail of fire, in a plane of its own along x.

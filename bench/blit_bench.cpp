@@ -84,13 +84,13 @@ public:
     explicit Places(const Picture &picture)
     {
         std::mt19937 random(1);
-        for (SDL_Point &place : places) {
+        for (SDL_Point &place : places_) {
             place.x = between(0, kScreenWidth - picture.width, random);
             place.y = between(0, kScreenHeight - picture.height, random);
         }
     }
 
-    const SDL_Point &next() { return places[turn++ % kCount]; }
+    const SDL_Point &next() { return places_[turn_++ % kCount]; }
 
 private:
     static int between(int a, int b, std::mt19937 &random)
@@ -99,8 +99,8 @@ private:
     }
 
     static constexpr unsigned kCount = 64;
-    SDL_Point places[kCount];
-    unsigned turn = 0;
+    SDL_Point places_[kCount];
+    unsigned turn_ = 0;
 };
 
 Surface ourScreen()

@@ -150,6 +150,7 @@ int main(int argumentCount, char **arguments)
     const std::vector<double> taps = tapLatencies(demo);
     const std::vector<double> gaps = refreshGaps(demo);
     std::vector<double> deviations;
+    deviations.reserve(gaps.size());
     for (const double gap : gaps)
         deviations.push_back(std::abs(gap - kRefreshMs));
     const double tapGoal = kRefreshMs + 3;

@@ -11,8 +11,8 @@ replay=$PWD/build/release/bin/replay
 demo=$PWD/replay/demo.txt
 
 # The part shown in motion, and the time between its pictures, in milliseconds.
-first=22400
-last=27600
+first=18300
+last=23500
 step=80
 
 [ -x "$replay" ] || fail "$replay is missing; run ./test.sh first"

@@ -8,7 +8,6 @@
 #include <iterator>
 #include <map>
 #include <optional>
-#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,11 +33,13 @@ struct Stretch {
 
 std::vector<Stretch> stretchesOf(const std::string &text)
 {
-    static const std::regex kMark("[Aa]imed from (\\d+) to (\\d+)");
+    const std::string mark = "imed from ";
     std::vector<Stretch> stretches;
-    for (std::sregex_iterator found(text.begin(), text.end(), kMark), end; found != end; ++found)
-        stretches.push_back({static_cast<std::uint32_t>(std::stoul((*found)[1])),
-                             static_cast<std::uint32_t>(std::stoul((*found)[2]))});
+    for (std::size_t at = 0; (at = text.find(mark, at)) != std::string::npos; at += mark.size()) {
+        Stretch stretch{};
+        if (std::sscanf(text.c_str() + at + mark.size(), "%u to %u", &stretch.fromMs, &stretch.toMs) == 2)
+            stretches.push_back(stretch);
+    }
     return stretches;
 }
 

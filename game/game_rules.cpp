@@ -52,7 +52,7 @@ bool GameRules::onEvent(const Event &event)
         detonateMissile(static_cast<const MissileDetonatedEvent &>(event).id);
         break;
     case kEarthHit:
-        state->player.takeDamage(static_cast<const EarthHitEvent &>(event).damage);
+        state_->player.takeDamage(static_cast<const EarthHitEvent &>(event).damage);
         break;
     case kNuke:
         useNuke();
@@ -65,66 +65,66 @@ bool GameRules::onEvent(const Event &event)
 
 void GameRules::newGame()
 {
-    const ModeRules &mode = rulesOf(state->mode);
+    const ModeRules &mode = rulesOf(state_->mode);
     const Tick now = platform::GetTickCount();
-    paused = false;
-    nextSpawn = tickAfter(now, kFirstSpawnMs);
-    gameStart = now;
-    state->groupSize = rulesOf(state->difficulty).firstGroupSize;
-    state->asteroidFlightMs = kStartFlightMs;
-    state->wave = 1;
-    state->groupsThisWave = 0;
-    state->asteroidsDestroyed = 0;
-    state->elapsedMs = 0;
-    state->missileTravelTime = kStartTravelTime;
-    state->asteroids.clear();
-    state->missiles.clear();
-    state->explosions.clear();
-    Player &player = state->player;
+    paused_ = false;
+    nextSpawn_ = tickAfter(now, kFirstSpawnMs);
+    gameStart_ = now;
+    state_->groupSize = rulesOf(state_->difficulty).firstGroupSize;
+    state_->asteroidFlightMs = kStartFlightMs;
+    state_->wave = 1;
+    state_->groupsThisWave = 0;
+    state_->asteroidsDestroyed = 0;
+    state_->elapsedMs = 0;
+    state_->missileTravelTime = kStartTravelTime;
+    state_->asteroids.clear();
+    state_->missiles.clear();
+    state_->explosions.clear();
+    Player &player = state_->player;
     player.money = 0;
     // Kept: the satellite stays where it is until the first step moves it.
     player.orbitStart = platform::GetTickCount();
     player.health = Player::kFullHealth;
-    player.missileSlots = chosenBy(state->difficulty, mode.missileSlots);
+    player.missileSlots = chosenBy(state_->difficulty, mode.missileSlots);
     player.nukes = 0;
-    spawnAsteroids(chosenBy(state->difficulty, mode.asteroids));
+    spawnAsteroids(chosenBy(state_->difficulty, mode.asteroids));
 }
 
 void GameRules::updateWorld(Tick now)
 {
     // Kept: looked at only here. The step in which a mode pauses runs to its end.
-    if (paused)
+    if (paused_)
         return;
-    rulesOf(state->mode).step(*this, *state, now);
-    state->elapsedMs = gameTime(now);
-    for (auto &[id, asteroid] : state->asteroids)
+    rulesOf(state_->mode).step(*this, *state_, now);
+    state_->elapsedMs = gameTime(now);
+    for (auto &[id, asteroid] : state_->asteroids)
         moveAsteroid(asteroid, now);
-    for (auto &[id, missile] : state->missiles)
+    for (auto &[id, missile] : state_->missiles)
         moveMissile(missile, now);
     checkDirectHits();
-    state->player.updateOrbit(now);
+    state_->player.updateOrbit(now);
 }
 
 void GameRules::pause()
 {
-    paused = true;
-    pauseStart = platform::GetTickCount();
+    paused_ = true;
+    pauseStart_ = platform::GetTickCount();
 }
 
 void GameRules::resume()
 {
     // Kept: applied also when nothing was paused, since every activation of the game screen resumes. The
     // clocks then move on by the time since the last pause.
-    const Ms pausedMs = msBetween(pauseStart, platform::GetTickCount());
+    const Ms pausedMs = msBetween(pauseStart_, platform::GetTickCount());
     const auto postpone = [pausedMs](Tick &tick) { tick = tickAfter(tick, pausedMs); };
-    for (auto &[id, asteroid] : state->asteroids)
+    for (auto &[id, asteroid] : state_->asteroids)
         postpone(asteroid.spawnTime);
-    for (auto &[id, missile] : state->missiles)
+    for (auto &[id, missile] : state_->missiles)
         postpone(missile.launchTime);
-    postpone(state->player.orbitStart);
-    postpone(gameStart);
-    postpone(nextSpawn);
-    paused = false;
+    postpone(state_->player.orbitStart);
+    postpone(gameStart_);
+    postpone(nextSpawn_);
+    paused_ = false;
 }
 
 } // namespace mygame

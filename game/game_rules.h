@@ -23,7 +23,7 @@ public:
     virtual ~GameRules() = default;
 
     /// Sets the state to work on. Once, before any event is delivered.
-    void link(GameState *gameState) { state = gameState; }
+    void link(GameState *gameState) { state_ = gameState; }
 
     bool onEvent(const Event &event) override;
 
@@ -36,14 +36,14 @@ public:
     void pause();
 
     /// Game time at a tick: pauses do not count.
-    Ms gameTime(Tick now) const { return msBetween(gameStart, now); }
+    Ms gameTime(Tick now) const { return msBetween(gameStart_, now); }
 
     /// True after the moment at which more asteroids are due. That moves on only by `delayNextSpawn`.
-    bool isSpawnDue(Tick now) const { return asDue(nextSpawn) < asDue(now); }
+    bool isSpawnDue(Tick now) const { return asDue(nextSpawn_) < asDue(now); }
 
     /// Kept: counts from the due moment, not from now. After a long frame what was missed comes, a spawn a
     /// step.
-    void delayNextSpawn(Ms interval) { nextSpawn = tickAfter(nextSpawn, interval); }
+    void delayNextSpawn(Ms interval) { nextSpawn_ = tickAfter(nextSpawn_, interval); }
 
 private:
     void newGame();
@@ -60,12 +60,12 @@ private:
     /// Rewards a destroyed asteroid.
     void credit();
 
-    GameState *state = nullptr;
-    std::int32_t nextId = 0; ///< The last id given to an asteroid or missile.
-    Tick pauseStart = 0;
-    Tick gameStart = 0;
-    Tick nextSpawn = 0; ///< After this more asteroids are due.
-    bool paused = false;
+    GameState *state_ = nullptr;
+    std::int32_t nextId_ = 0; ///< The last id given to an asteroid or missile.
+    Tick pauseStart_ = 0;
+    Tick gameStart_ = 0;
+    Tick nextSpawn_ = 0; ///< After this more asteroids are due.
+    bool paused_ = false;
 };
 
 } // namespace mygame

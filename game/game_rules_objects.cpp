@@ -32,10 +32,10 @@ EventBus &bus() { return EventBus::instance(); }
 
 void GameRules::spawnAsteroid()
 {
-    const std::int32_t id = ++nextId;
-    Asteroid &asteroid = state->asteroids[id];
+    const std::int32_t id = ++nextId_;
+    Asteroid &asteroid = state_->asteroids[id];
     asteroid.id = id;
-    asteroid.flightMs = state->asteroidFlightMs;
+    asteroid.flightMs = state_->asteroidFlightMs;
     asteroid.spawnTime = platform::GetTickCount();
     asteroid.startX = platform::rand() % kAsteroidXRange;
     asteroid.targetX = platform::rand() % kAsteroidXRange;
@@ -54,18 +54,18 @@ void GameRules::spawnAsteroids(std::int32_t count)
 
 void GameRules::fireMissile(std::int32_t x, std::int32_t y)
 {
-    const Player &player = state->player;
-    if (static_cast<std::int32_t>(state->missiles.size()) >= player.missileSlots)
+    const Player &player = state_->player;
+    if (static_cast<std::int32_t>(state_->missiles.size()) >= player.missileSlots)
         return;
-    const std::int32_t id = ++nextId;
-    Missile &missile = state->missiles[id];
+    const std::int32_t id = ++nextId_;
+    Missile &missile = state_->missiles[id];
     missile.id = id;
     missile.targetX = x;
     missile.targetY = y;
     missile.startX = missile.x = player.x;
     missile.startY = missile.y = player.y;
     missile.launchTime = platform::GetTickCount();
-    missile.flightMs = missileFlightMs(x - player.x, y - player.y, state->missileTravelTime);
+    missile.flightMs = missileFlightMs(x - player.x, y - player.y, state_->missileTravelTime);
     bus().post<MissileLaunchedEvent>(id);
 }
 
@@ -73,8 +73,8 @@ void GameRules::checkDirectHits()
 {
     // Kept: nothing is removed here. An asteroid near two missiles counts twice, and so does a missile near
     // two.
-    for (const auto &[asteroidId, asteroid] : state->asteroids) {
-        for (const auto &[missileId, missile] : state->missiles) {
+    for (const auto &[asteroidId, asteroid] : state_->asteroids) {
+        for (const auto &[missileId, missile] : state_->missiles) {
             if (!inRange(asteroid, missile, kDirectHitRadius))
                 continue;
             bus().post<MissileDetonatedEvent>(missileId, missile.x, missile.y);
@@ -86,46 +86,46 @@ void GameRules::checkDirectHits()
 
 void GameRules::detonateMissile(std::int32_t id)
 {
-    const auto missile = state->missiles.find(id);
-    if (missile == state->missiles.end())
+    const auto missile = state_->missiles.find(id);
+    if (missile == state_->missiles.end())
         return;
     // Kept: an asteroid that was hit directly is still there, and is credited once more.
-    for (const auto &[asteroidId, asteroid] : state->asteroids) {
+    for (const auto &[asteroidId, asteroid] : state_->asteroids) {
         if (!inRange(asteroid, missile->second, kBlastRadius))
             continue;
         credit();
         bus().post<AsteroidDestroyedEvent>(asteroidId, asteroid.x, asteroid.y);
     }
-    state->missiles.erase(missile);
+    state_->missiles.erase(missile);
 }
 
 void GameRules::destroyAsteroid(std::int32_t id)
 {
     // Kept: one that is named twice is replaced once.
-    const bool removed = state->asteroids.erase(id) != 0;
-    if (removed && rulesOf(state->mode).replacesAsteroids)
+    const bool removed = state_->asteroids.erase(id) != 0;
+    if (removed && rulesOf(state_->mode).replacesAsteroids)
         spawnAsteroid();
 }
 
 void GameRules::useNuke()
 {
-    if (state->player.nukes <= 0)
+    if (state_->player.nukes <= 0)
         return;
-    --state->player.nukes;
-    for (const auto &[id, asteroid] : state->asteroids) {
+    --state_->player.nukes;
+    for (const auto &[id, asteroid] : state_->asteroids) {
         bus().post<AsteroidDestroyedEvent>(id, asteroid.x, asteroid.y);
         credit();
     }
     // Kept: when these go off the asteroids are gone, but what has replaced them may be close enough.
-    for (const auto &[id, missile] : state->missiles)
+    for (const auto &[id, missile] : state_->missiles)
         bus().post<MissileDetonatedEvent>(id, missile.x, missile.y);
     bus().post<NukeFlashEvent>();
 }
 
 void GameRules::credit()
 {
-    ++state->asteroidsDestroyed;
-    state->player.money += kMoneyPerCredit;
+    ++state_->asteroidsDestroyed;
+    state_->player.money += kMoneyPerCredit;
 }
 
 } // namespace mygame

@@ -72,16 +72,16 @@ constinit const GameScreen::Button GameScreen::kButtons[] = {
 GameScreen::GameScreen()
 {
     static_assert(std::size(kAsteroidLooks) == kAsteroidKinds);
-    loadPicture(background, u"bg.jpg");
+    loadPicture(background_, u"bg.jpg");
     for (int i = 0; i < kButtonCount; ++i)
-        loadButton(buttonPictures[i], kButtons[i].file);
-    loadSprite(missileSprite, kMissileLook, kBlack);
-    startLooping(missileSprite);
+        loadButton(buttonPictures_[i], kButtons[i].file);
+    loadSprite(missileSprite_, kMissileLook, kBlack);
+    startLooping(missileSprite_);
     for (int i = 0; i < kAsteroidKinds; ++i) {
-        loadSprite(asteroidSprites[i], kAsteroidLooks[i], kBlack);
-        startLooping(asteroidSprites[i]);
+        loadSprite(asteroidSprites_[i], kAsteroidLooks[i], kBlack);
+        startLooping(asteroidSprites_[i]);
     }
-    loadSprite(explosionSprite, kExplosionLook, kMagenta);
+    loadSprite(explosionSprite_, kExplosionLook, kMagenta);
     for (EventType type : {kAsteroidSpawned, kMissileLaunched, kMissileDetonated, kAsteroidDestroyed,
                            kGameEnded, kWaveComplete, kNukeFlash, kExplosionFinished})
         bus().subscribe(type, this);
@@ -89,20 +89,20 @@ GameScreen::GameScreen()
 
 void GameScreen::link(GameState *gameState)
 {
-    state = gameState;
-    loadPicture(state->player.satellite, u"satellite.png");
-    state->player.satellite.setColourKey(kBlack);
+    state_ = gameState;
+    loadPicture(state_->player.satellite, u"satellite.png");
+    state_->player.satellite.setColourKey(kBlack);
 }
 
-bool GameScreen::activate(Application *current)
+bool GameScreen::activate(Application *application)
 {
-    application = current;
-    menuOpen = false;
+    application_ = application;
+    menuOpen_ = false;
     bus().post<ResumeEvent>();
     return true;
 }
 
-void GameScreen::keyDown(std::uint16_t) { application->requestStop(); }
+void GameScreen::keyDown(std::uint16_t) { application_->requestStop(); }
 
 const GameScreen::Button *GameScreen::buttonAt(std::int32_t x, std::int32_t y)
 {
@@ -116,8 +116,8 @@ const GameScreen::Button *GameScreen::buttonAt(std::int32_t x, std::int32_t y)
 
 void GameScreen::pointerDown(std::uint16_t x, std::uint16_t y)
 {
-    if (menuOpen)
-        state->menu.onPointer(x, y);
+    if (menuOpen_)
+        state_->menu.onPointer(x, y);
     else if (const Button *button = buttonAt(x, y))
         button->press(*this);
     else
@@ -128,22 +128,22 @@ constinit const GameScreen::MenuRow GameScreen::kMenuRows[] = {
     {u"Resume",
      [](GameScreen &screen) {
          bus().post<ResumeEvent>();
-         screen.menuOpen = false;
+         screen.menuOpen_ = false;
      }},
     {u"Main menu",
      [](GameScreen &screen) {
          // Kept: the menu stays open and the game paused until the next activation.
-         screen.application->setScreen(screen_names::kMainMenu);
+         screen.application_->setScreen(screen_names::kMainMenu);
      }},
 };
 
 void GameScreen::openGameMenu()
 {
     bus().post<PauseEvent>();
-    menuOpen = true;
-    state->menu.open(this);
+    menuOpen_ = true;
+    state_->menu.open(this);
     for (const MenuRow &row : kMenuRows)
-        state->menu.addItem(row.text);
+        state_->menu.addItem(row.text);
 }
 
 void GameScreen::itemChosen(std::u16string text)
@@ -159,22 +159,22 @@ void GameScreen::update(Tick now)
     bus().post<TickEvent>();
     bus().dispatchAll();
     // Kept: another screen may be current by now; this one's menu or animations advance all the same.
-    if (menuOpen)
-        state->menu.update(now);
+    if (menuOpen_)
+        state_->menu.update(now);
     else
         updateAnimations(now);
 }
 
 void GameScreen::updateAnimations(Tick now)
 {
-    for (auto &[id, explosion] : state->explosions) {
+    for (auto &[id, explosion] : state_->explosions) {
         if (explosion.sprite.isFinished())
             bus().post<ExplosionFinishedEvent>(id);
         else
             explosion.sprite.update(now);
     }
     // Kept: the missiles' one sprite is never updated and shows its first frame.
-    for (auto &[id, asteroid] : state->asteroids)
+    for (auto &[id, asteroid] : state_->asteroids)
         asteroid.sprite.update(now);
 }
 
@@ -200,16 +200,16 @@ bool GameScreen::onEvent(const Event &event)
         dressMissile(static_cast<const MissileLaunchedEvent &>(event).id);
         break;
     case kExplosionFinished:
-        state->explosions.erase(static_cast<const ExplosionFinishedEvent &>(event).id);
+        state_->explosions.erase(static_cast<const ExplosionFinishedEvent &>(event).id);
         break;
     case kGameEnded:
         endGame();
         break;
     case kWaveComplete:
-        application->setScreen(screen_names::kShop);
+        application_->setScreen(screen_names::kShop);
         break;
     case kNukeFlash:
-        nukeFlashStart = platform::GetTickCount();
+        nukeFlashStart_ = platform::GetTickCount();
         break;
     default:
         break;
@@ -219,26 +219,26 @@ bool GameScreen::onEvent(const Event &event)
 
 void GameScreen::dressAsteroid(std::int32_t id)
 {
-    const auto found = state->asteroids.find(id);
-    if (found == state->asteroids.end())
+    const auto found = state_->asteroids.find(id);
+    if (found == state_->asteroids.end())
         return;
     AnimatedSprite &sprite = found->second.sprite;
-    sprite = asteroidSprites[platform::rand() % kAsteroidKinds];
+    sprite = asteroidSprites_[platform::rand() % kAsteroidKinds];
     startLooping(sprite);
 }
 
 void GameScreen::dressMissile(std::int32_t id)
 {
-    const auto found = state->missiles.find(id);
-    if (found != state->missiles.end())
-        found->second.sprite = &missileSprite;
+    const auto found = state_->missiles.find(id);
+    if (found != state_->missiles.end())
+        found->second.sprite = &missileSprite_;
 }
 
 void GameScreen::spawnExplosion(std::int32_t x, std::int32_t y)
 {
-    const std::int32_t id = ++explosionCounter;
-    Explosion &explosion = state->explosions[id];
-    explosion.sprite = explosionSprite;
+    const std::int32_t id = ++explosionCounter_;
+    Explosion &explosion = state_->explosions[id];
+    explosion.sprite = explosionSprite_;
     explosion.x = x;
     explosion.y = y;
     explosion.id = id;
@@ -249,7 +249,7 @@ void GameScreen::spawnExplosion(std::int32_t x, std::int32_t y)
 void GameScreen::playExplosionSound() const
 {
     // Kept: as an unsigned number, so that a clock that wrapped or went back is a long time.
-    if (!state->soundOn || platform::GetTickCount() - lastExplosionSound <= kSoundGapMs)
+    if (!state_->soundOn || platform::GetTickCount() - lastExplosionSound <= kSoundGapMs)
         return;
     platform::PlaySoundW(dataFilePath(u"explosion.wav").c_str(), nullptr,
                          platform::SND_FILENAME | platform::SND_ASYNC);
@@ -258,7 +258,7 @@ void GameScreen::playExplosionSound() const
 
 void GameScreen::endGame()
 {
-    const Ending ending = rulesOf(state->mode).ending(*state);
+    const Ending ending = rulesOf(state_->mode).ending(*state_);
     if (ending.kind == Ending::Kind::Message)
         showMessage(ending.message);
     else if (ending.kind == Ending::Kind::GameOver)
@@ -267,14 +267,14 @@ void GameScreen::endGame()
 
 void GameScreen::showMessage(const std::u16string &text)
 {
-    state->messageScreen.setMessage(text, application->findScreen(screen_names::kMainMenu));
-    application->setScreen(screen_names::kMessage);
+    state_->messageScreen.setMessage(text, application_->findScreen(screen_names::kMainMenu));
+    application_->setScreen(screen_names::kMessage);
 }
 
 void GameScreen::showGameOver()
 {
-    state->animScreen.setScreens(this, application->findScreen(screen_names::kGameOver));
-    application->setScreen(screen_names::kAnimation);
+    state_->animScreen.setScreens(this, application_->findScreen(screen_names::kGameOver));
+    application_->setScreen(screen_names::kAnimation);
 }
 
 } // namespace mygame

@@ -31,7 +31,7 @@ public:
     void update(Tick now) override;
     void keyDown(std::uint16_t key) override;
     void pointerDown(std::uint16_t x, std::uint16_t y) override;
-    bool activate(Application *current) override;
+    bool activate(Application *application) override;
 
     bool onEvent(const Event &event) override;
     void itemChosen(std::u16string text) override;
@@ -77,16 +77,16 @@ private:
     void renderWorld(Surface &target) const;
     void renderTexts(Surface &target) const;
 
-    Surface background;
-    Surface buttonPictures[kButtonCount];
-    AnimatedSprite missileSprite;
-    AnimatedSprite asteroidSprites[kAsteroidKinds];
-    AnimatedSprite explosionSprite;
-    Application *application = nullptr;
-    GameState *state = nullptr;
-    std::int32_t explosionCounter = 0; ///< The last id given to an explosion.
-    Tick nukeFlashStart = 0;           ///< When the last nuke went off.
-    bool menuOpen = false;
+    Surface background_;
+    Surface buttonPictures_[kButtonCount];
+    AnimatedSprite missileSprite_;
+    AnimatedSprite asteroidSprites_[kAsteroidKinds];
+    AnimatedSprite explosionSprite_;
+    Application *application_ = nullptr;
+    GameState *state_ = nullptr;
+    std::int32_t explosionCounter_ = 0; ///< The last id given to an explosion.
+    Tick nukeFlashStart_ = 0;           ///< When the last nuke went off.
+    bool menuOpen_ = false;
 };
 
 } // namespace mygame

@@ -23,42 +23,43 @@ void GameScreen::render(Surface &target)
 {
     // Kept: over everything, the menu too. As an unsigned number, by which the 0 before the first nuke is
     // long ago, but not in the clock's first second.
-    if (platform::GetTickCount() - nukeFlashStart < kNukeFlashMs) {
+    if (platform::GetTickCount() - nukeFlashStart_ < kNukeFlashMs) {
         target.fill(kWhite);
         return;
     }
-    background.blitTo(target, 0, 0);
+    background_.blitTo(target, 0, 0);
     for (int i = 0; i < kButtonCount; ++i)
-        buttonPictures[i].blitTo(target, kButtons[i].topLeft.x, kButtons[i].topLeft.y);
+        buttonPictures_[i].blitTo(target, kButtons[i].topLeft.x, kButtons[i].topLeft.y);
     renderWorld(target);
-    state->player.drawPlayer(target);
+    state_->player.drawPlayer(target);
     renderTexts(target);
-    if (menuOpen)
-        state->menu.render(target);
+    if (menuOpen_)
+        state_->menu.render(target);
 }
 
 void GameScreen::renderWorld(Surface &target) const
 {
-    for (const auto &[id, asteroid] : state->asteroids)
+    for (const auto &[id, asteroid] : state_->asteroids)
         asteroid.sprite.drawCentred(target, asteroid.x, asteroid.y);
-    for (const auto &[id, missile] : state->missiles) {
+    for (const auto &[id, missile] : state_->missiles) {
         if (missile.sprite)
             missile.sprite->drawCentred(target, missile.x, missile.y);
     }
-    for (const auto &[id, explosion] : state->explosions)
+    for (const auto &[id, explosion] : state_->explosions)
         explosion.sprite.drawCentred(target, explosion.x, explosion.y);
 }
 
 void GameScreen::renderTexts(Surface &target) const
 {
-    const BitmapFont &font = state->font;
-    target.drawText(font, formatted(u"%d$", state->player.money), kScreenWidth, kTextY,
+    const BitmapFont &font = state_->font;
+    target.drawText(font, formatted(u"%d$", state_->player.money), kScreenWidth, kTextY,
                     TextAlign::AlignRight);
-    target.drawText(font, formatted(u"%d", state->player.missileSlots), kSlotsLeft, kTextY,
+    target.drawText(font, formatted(u"%d", state_->player.missileSlots), kSlotsLeft, kTextY,
                     TextAlign::AlignLeft);
     // Kept: partly outside the screen.
-    missileSprite.draw(target, kMissileIcon, kMissileIcon);
-    target.drawText(font, rulesOf(state->mode).clock(*state), kScreenCentreX, kTextY, TextAlign::AlignCentre);
+    missileSprite_.draw(target, kMissileIcon, kMissileIcon);
+    target.drawText(font, rulesOf(state_->mode).clock(*state_), kScreenCentreX, kTextY,
+                    TextAlign::AlignCentre);
 }
 
 } // namespace mygame

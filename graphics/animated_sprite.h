@@ -32,7 +32,7 @@ public:
     bool load(const std::u16string &path, Ms frameTimeMs);
 
     /// Gives up this sprite's share of the frames; it draws nothing then.
-    void release() { frames.reset(); }
+    void release() { frames_.reset(); }
 
     /// Plays from `tick` on: `loops` times, for ever when that is negative.
     void start(Tick tick, std::int32_t loops);
@@ -41,7 +41,7 @@ public:
     void update(Tick tick);
 
     /// True when no loops are left, as before the first `start`.
-    bool isFinished() const { return loopsLeft == 0; }
+    bool isFinished() const { return loopsLeft_ == 0; }
 
     /// Sets the key on every frame, for all copies.
     void setColourKey(Pixel colour);
@@ -52,19 +52,19 @@ public:
     /// As `draw`, centred on (x, y).
     void drawCentred(Surface &target, std::int32_t x, std::int32_t y) const;
 
-    std::int32_t frameCount() const { return frames ? static_cast<std::int32_t>(frames->size()) : 0; }
+    std::int32_t frameCount() const { return frames_ ? static_cast<std::int32_t>(frames_->size()) : 0; }
     std::int32_t currentFrame() const { return currentFrame_; }
     /// Frame `index`, from 0 to frameCount - 1.
-    const Surface &frame(std::int32_t index) const { return (*frames)[static_cast<std::size_t>(index)]; }
+    const Surface &frame(std::int32_t index) const { return (*frames_)[static_cast<std::size_t>(index)]; }
 
 private:
-    bool isVisible() const { return frameCount() > 0 && loopsLeft != 0; }
+    bool isVisible() const { return frameCount() > 0 && loopsLeft_ != 0; }
 
-    std::shared_ptr<std::vector<Surface>> frames; ///< Null without frames.
-    Ms frameTimeMs = 0;
+    std::shared_ptr<std::vector<Surface>> frames_; ///< Null without frames.
+    Ms frameTimeMs_ = 0;
     std::int32_t currentFrame_ = 0;
-    Tick startTick = 0;
-    std::int32_t loopsLeft = 0;
+    Tick startTick_ = 0;
+    std::int32_t loopsLeft_ = 0;
 };
 
 } // namespace mygame

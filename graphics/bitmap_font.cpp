@@ -13,12 +13,12 @@ bool BitmapFont::load(const std::u16string &path, const std::u16string &characte
     if (strip.width() < 1)
         return false;
     spacing_ = 1;
-    glyphs = std::make_shared<std::map<char16_t, Surface>>();
+    glyphs_ = std::make_shared<std::map<char16_t, Surface>>();
     MarkedRuns runs(strip, MarkedRuns::Marks::InRow0);
     for (char16_t character : characters) {
         // Kept: characters beyond the last run get a glyph of width 0, which still takes its spacing, and of
         // two equal characters the later run counts.
-        (*glyphs)[character] = runs.cut();
+        (*glyphs_)[character] = runs.cut();
         runs.next();
     }
     return true;
@@ -26,18 +26,18 @@ bool BitmapFont::load(const std::u16string &path, const std::u16string &characte
 
 void BitmapFont::setColourKey(Pixel colour)
 {
-    if (!glyphs)
+    if (!glyphs_)
         return;
-    for (auto &[character, glyph] : *glyphs)
+    for (auto &[character, glyph] : *glyphs_)
         glyph.setColourKey(colour);
 }
 
 const Surface *BitmapFont::glyph(char16_t character) const
 {
-    if (!glyphs)
+    if (!glyphs_)
         return nullptr;
-    const auto found = glyphs->find(character);
-    return found == glyphs->end() ? nullptr : &found->second;
+    const auto found = glyphs_->find(character);
+    return found == glyphs_->end() ? nullptr : &found->second;
 }
 
 std::int32_t BitmapFont::textWidth(const std::u16string &text) const

@@ -29,7 +29,7 @@ public:
     bool load(const std::u16string &path, const std::u16string &characters);
 
     /// Gives up this font's share of the glyphs; texts draw nothing then.
-    void release() { glyphs.reset(); }
+    void release() { glyphs_.reset(); }
 
     /// Sets the key on every glyph, for all copies.
     void setColourKey(Pixel colour);
@@ -46,7 +46,7 @@ public:
 
 private:
     std::int32_t spacing_ = 1;
-    std::shared_ptr<std::map<char16_t, Surface>> glyphs; ///< Null without glyphs.
+    std::shared_ptr<std::map<char16_t, Surface>> glyphs_; ///< Null without glyphs.
 };
 
 } // namespace mygame

@@ -21,7 +21,7 @@ public:
     MarkedRuns(const Surface &strip, Marks marks);
 
     /// True when there is no run here any more; what is cut is empty then.
-    bool isPastEnd() const { return start >= length; }
+    bool isPastEnd() const { return start_ >= length_; }
 
     /// Goes on to the next run, past the end after the last one.
     void next();
@@ -33,12 +33,12 @@ private:
     bool isMarked(std::int32_t at) const;
     void findEnd();
 
-    const Surface &strip;
-    bool sideBySide;
-    std::int32_t length; ///< Of the strip, along the marks.
-    Pixel marker;
-    std::int32_t start = 0;
-    std::int32_t end = 0; ///< The first place behind the run.
+    const Surface &strip_;
+    bool sideBySide_;
+    std::int32_t length_; ///< Of the strip, along the marks.
+    Pixel marker_;
+    std::int32_t start_ = 0;
+    std::int32_t end_ = 0; ///< The first place behind the run.
 };
 
 } // namespace mygame

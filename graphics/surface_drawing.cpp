@@ -5,54 +5,12 @@
 #include <cstring>
 #include <utility>
 
+#include "graphics/keyed_copy.h"
+
 namespace mygame
 {
 namespace
 {
-
-/// Pixels that are compared and chosen at once. Every processor with wide registers has them at least this
-/// wide; left to itself the compiler would go pixel by pixel.
-constexpr std::int32_t kLanes = 8;
-using Lanes __attribute__((vector_size(kLanes * sizeof(Pixel)))) = Pixel;
-
-template <std::int32_t kCount> inline void copyKeyed(Pixel *to, const Pixel *from, Pixel key)
-{
-    if constexpr (kCount % kLanes == 0) {
-        for (std::int32_t x = 0; x < kCount; x += kLanes) {
-            Lanes below, above;
-            std::memcpy(&below, to + x, sizeof below);
-            std::memcpy(&above, from + x, sizeof above);
-            const auto isKey = above == key;
-            below = isKey ? below : above;
-            std::memcpy(to + x, &below, sizeof below);
-        }
-    } else {
-        for (std::int32_t x = 0; x < kCount; ++x)
-            to[x] = from[x] == key ? to[x] : from[x];
-    }
-}
-
-/// Copies a block column by column, in the first of these widths that fits. What is left at its right edge is
-/// part of a column that overlaps the one before: copying a pixel twice changes nothing.
-template <std::int32_t kColumn, std::int32_t... kNarrower>
-inline void copyInColumns(Pixel *__restrict target, std::ptrdiff_t targetWidth,
-                          const Pixel *__restrict source, std::ptrdiff_t sourceWidth, std::int32_t width,
-                          std::int32_t height, Pixel key)
-{
-    if constexpr (sizeof...(kNarrower) > 0) {
-        if (width < kColumn) {
-            copyInColumns<kNarrower...>(target, targetWidth, source, sourceWidth, width, height, key);
-            return;
-        }
-    }
-    for (std::int32_t start = 0; start < width; start += kColumn) {
-        const std::int32_t left = std::min(start, width - kColumn);
-        Pixel *to = target + left;
-        const Pixel *from = source + left;
-        for (std::int32_t y = 0; y < height; ++y, to += targetWidth, from += sourceWidth)
-            copyKeyed<kColumn>(to, from, key);
-    }
-}
 
 void copyWhole(Pixel *target, std::ptrdiff_t targetWidth, const Pixel *source, std::ptrdiff_t sourceWidth,
                std::int32_t width, std::int32_t height)
@@ -117,11 +75,15 @@ inline void Surface::copyBlock(Surface &target, const Block &block) const
         return;
     const Pixel *source = pixels() + block.sx + block.sy * width_;
     Pixel *destination = target.pixels() + block.dx + block.dy * target.width_;
-    if (!keyEnabled_)
+    if (!keyEnabled_) {
         copyWhole(destination, target.width_, source, width_, block.w, block.h);
+        return;
+    }
+    const KeyedBlock keyed{destination, target.width_, source, width_, block.w, block.h, colourKey_};
+    if (block.w >= kWideBlock)
+        copyWideKeyed(keyed);
     else
-        copyInColumns<32, 16, 8, 4, 1>(destination, target.width_, source, width_, block.w, block.h,
-                                       colourKey_);
+        copyInColumns<8, 8, 4, 1>(keyed);
 }
 
 void Surface::blitTo(Surface &target, std::int32_t x, std::int32_t y) const

@@ -7,34 +7,34 @@
 namespace mygame
 {
 
-AnimScreen::AnimScreen() { buffer.create(kScreenWidth, kScreenHeight); }
+AnimScreen::AnimScreen() { buffer_.create(kScreenWidth, kScreenHeight); }
 
 void AnimScreen::setScreens(Screen *staying, Screen *incoming)
 {
-    from = staying;
-    to = incoming;
+    from_ = staying;
+    to_ = incoming;
 }
 
 void AnimScreen::render(Surface &target)
 {
     // Kept: neither is current. The one was left, the other is activated only at the end.
-    from->render(target);
-    to->render(buffer);
-    buffer.blitTo(target, 0, offset);
+    from_->render(target);
+    to_->render(buffer_);
+    buffer_.blitTo(target, 0, offset_);
 }
 
 void AnimScreen::update(Tick now)
 {
-    offset = kScreenHeight - msBetween(startTick, now);
-    if (offset <= 0)
-        application->setCurrentScreen(to);
+    offset_ = kScreenHeight - msBetween(startTick_, now);
+    if (offset_ <= 0)
+        application_->setCurrentScreen(to_);
 }
 
-bool AnimScreen::activate(Application *current)
+bool AnimScreen::activate(Application *application)
 {
-    application = current;
-    offset = kScreenHeight;
-    startTick = platform::GetTickCount();
+    application_ = application;
+    offset_ = kScreenHeight;
+    startTick_ = platform::GetTickCount();
     return true;
 }
 

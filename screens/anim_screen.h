@@ -20,15 +20,15 @@ public:
 
     void render(Surface &target) override;
     void update(Tick now) override;
-    bool activate(Application *current) override;
+    bool activate(Application *application) override;
 
 private:
-    Screen *from = nullptr;
-    Screen *to = nullptr;
-    Application *application = nullptr;
-    std::int32_t offset = 0; ///< Top edge of the incoming picture.
-    Tick startTick = 0;
-    Surface buffer; ///< What the incoming screen draws into.
+    Screen *from_ = nullptr;
+    Screen *to_ = nullptr;
+    Application *application_ = nullptr;
+    std::int32_t offset_ = 0; ///< Top edge of the incoming picture.
+    Tick startTick_ = 0;
+    Surface buffer_; ///< What the incoming screen draws into.
 };
 
 } // namespace mygame

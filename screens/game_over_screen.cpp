@@ -26,26 +26,26 @@ constexpr std::int32_t kStripTop = kScreenHeight - 40;
 
 } // namespace
 
-GameOverScreen::GameOverScreen() { background.load(dataFilePath(u"game_over.jpg")); }
+GameOverScreen::GameOverScreen() { background_.load(dataFilePath(u"game_over.jpg")); }
 
 void GameOverScreen::render(Surface &target)
 {
-    background.blitTo(target, 0, 0);
+    background_.blitTo(target, 0, 0);
     for (const Line &line : kLines)
-        target.drawText(font, line.text, kScreenCentreX, line.y, TextAlign::AlignCentre);
+        target.drawText(font_, line.text, kScreenCentreX, line.y, TextAlign::AlignCentre);
 }
 
-void GameOverScreen::keyDown(std::uint16_t) { application->requestStop(); }
+void GameOverScreen::keyDown(std::uint16_t) { application_->requestStop(); }
 
 void GameOverScreen::pointerUp(std::uint16_t, std::uint16_t y)
 {
     if (y > kStripTop)
-        application->setScreen(screen_names::kMainMenu);
+        application_->setScreen(screen_names::kMainMenu);
 }
 
-bool GameOverScreen::activate(Application *current)
+bool GameOverScreen::activate(Application *application)
 {
-    application = current;
+    application_ = application;
     return true;
 }
 

@@ -17,17 +17,17 @@ public:
     /// Loads the picture.
     GameOverScreen();
 
-    void setFont(const BitmapFont &textFont) { font = textFont; }
+    void setFont(const BitmapFont &textFont) { font_ = textFont; }
 
     void render(Surface &target) override;
     void keyDown(std::uint16_t key) override;
     void pointerUp(std::uint16_t x, std::uint16_t y) override;
-    bool activate(Application *current) override;
+    bool activate(Application *application) override;
 
 private:
-    Application *application = nullptr;
-    Surface background;
-    BitmapFont font;
+    Application *application_ = nullptr;
+    Surface background_;
+    BitmapFont font_;
 };
 
 } // namespace mygame

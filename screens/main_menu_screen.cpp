@@ -11,79 +11,79 @@ namespace mygame
 {
 
 constinit const MainMenuScreen::TopRow MainMenuScreen::kTopRows[] = {
-    {u"Resume", canResume, [](MainMenuScreen &menu) { menu.application->setScreen(screen_names::kGame); }},
+    {u"Resume", canResume, [](MainMenuScreen &menu) { menu.application_->setScreen(screen_names::kGame); }},
     {u"New game", [](const GameState &) { return true; }, [](MainMenuScreen &menu) { menu.showModeList(); }},
     {u"Sound off", [](const GameState &state) { return state.soundOn != 0; },
      [](MainMenuScreen &menu) { menu.switchSound(false); }},
     {u"Sound on", [](const GameState &state) { return state.soundOn == 0; },
      [](MainMenuScreen &menu) { menu.switchSound(true); }},
     {u"Exit", [](const GameState &) { return true; },
-     [](MainMenuScreen &menu) { menu.application->requestStop(); }},
+     [](MainMenuScreen &menu) { menu.application_->requestStop(); }},
 };
 
-MainMenuScreen::MainMenuScreen() { background.load(dataFilePath(u"menu.jpg")); }
+MainMenuScreen::MainMenuScreen() { background_.load(dataFilePath(u"menu.jpg")); }
 
 void MainMenuScreen::render(Surface &target)
 {
-    background.blitTo(target, 0, 0);
-    gameState->menu.render(target);
+    background_.blitTo(target, 0, 0);
+    gameState_->menu.render(target);
 }
 
-void MainMenuScreen::update(Tick now) { gameState->menu.update(now); }
+void MainMenuScreen::update(Tick now) { gameState_->menu.update(now); }
 
-void MainMenuScreen::keyUp(std::uint16_t) { application->requestStop(); }
+void MainMenuScreen::keyUp(std::uint16_t) { application_->requestStop(); }
 
-void MainMenuScreen::pointerUp(std::uint16_t x, std::uint16_t y) { gameState->menu.onPointer(x, y); }
+void MainMenuScreen::pointerUp(std::uint16_t x, std::uint16_t y) { gameState_->menu.onPointer(x, y); }
 
-bool MainMenuScreen::activate(Application *current)
+bool MainMenuScreen::activate(Application *application)
 {
-    application = current;
+    application_ = application;
     showTopList();
     return true;
 }
 
 void MainMenuScreen::showTopList()
 {
-    gameState->menu.open(this);
+    gameState_->menu.open(this);
     for (const TopRow &row : kTopRows) {
-        if (row.isShown(*gameState))
-            gameState->menu.addItem(row.text);
+        if (row.isShown(*gameState_))
+            gameState_->menu.addItem(row.text);
     }
 }
 
 void MainMenuScreen::showModeList()
 {
     // Kept: the old game is given up here already, before a new one is chosen.
-    gameState->player.health = Player::kNoGame;
-    gameState->menu.open(this);
+    gameState_->player.health = Player::kNoGame;
+    gameState_->menu.open(this);
     for (const ModeRules &rules : gameModes())
-        gameState->menu.addItem(rules.name);
+        gameState_->menu.addItem(rules.name);
 }
 
 void MainMenuScreen::showDifficultyList()
 {
-    gameState->menu.open(this);
+    gameState_->menu.open(this);
     for (const DifficultyRules &rules : difficulties())
-        gameState->menu.addItem(rules.name);
+        gameState_->menu.addItem(rules.name);
 }
 
 void MainMenuScreen::switchSound(bool on)
 {
-    gameState->soundOn = on ? 1 : 0;
-    activate(application);
+    gameState_->soundOn = on ? 1 : 0;
+    activate(application_);
 }
 
 void MainMenuScreen::chooseMode(GameMode mode)
 {
-    gameState->mode = mode;
+    gameState_->mode = mode;
     showDifficultyList();
 }
 
 void MainMenuScreen::startGame(Difficulty difficulty)
 {
-    gameState->difficulty = difficulty;
+    gameState_->difficulty = difficulty;
     // The game screen's activation posts a resume, which the new game must follow.
-    application->setScreen(screen_names::kGame);
+    application_->setScreen(screen_names::kGame);
     EventBus::instance().post<NewGameEvent>();
 }
 

@@ -22,13 +22,13 @@ public:
     MainMenuScreen();
 
     /// Sets the state to read and write. Once, before the first activation.
-    void link(GameState *state) { gameState = state; }
+    void link(GameState *state) { gameState_ = state; }
 
     void render(Surface &target) override;
     void update(Tick now) override;
     void keyUp(std::uint16_t key) override;
     void pointerUp(std::uint16_t x, std::uint16_t y) override;
-    bool activate(Application *current) override;
+    bool activate(Application *application) override;
 
     void itemChosen(std::u16string text) override;
 
@@ -49,9 +49,9 @@ private:
     void chooseMode(GameMode mode);
     void startGame(Difficulty difficulty);
 
-    Application *application = nullptr;
-    Surface background;
-    GameState *gameState = nullptr;
+    Application *application_ = nullptr;
+    Surface background_;
+    GameState *gameState_ = nullptr;
 };
 
 } // namespace mygame

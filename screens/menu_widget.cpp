@@ -34,89 +34,89 @@ std::int32_t truncated(float x)
 
 void MenuWidget::setup(const BitmapFont &rowFont, const Surface &left, const Surface &right)
 {
-    font = rowFont;
-    leftCap = left;
-    rightCap = right;
-    listener = nullptr;
+    font_ = rowFont;
+    leftCap_ = left;
+    rightCap_ = right;
+    listener_ = nullptr;
 }
 
-void MenuWidget::open(MenuListener *newListener)
+void MenuWidget::open(MenuListener *listener)
 {
-    listener = newListener;
-    state = State::Opening;
-    selected = kNoRow;
-    progress = 0;
-    items.clear();
-    startTick = platform::GetTickCount();
+    listener_ = listener;
+    state_ = State::Opening;
+    selected_ = kNoRow;
+    progress_ = 0;
+    items_.clear();
+    startTick_ = platform::GetTickCount();
 }
 
-void MenuWidget::addItem(const std::u16string &text) { items.push_back(text); }
+void MenuWidget::addItem(const std::u16string &text) { items_.push_back(text); }
 
 std::int32_t MenuWidget::slideDistance(Tick now) const
 {
-    return msBetween(startTick, now) * leftCap.width() / kSlideMs;
+    return msBetween(startTick_, now) * leftCap_.width() / kSlideMs;
 }
 
 void MenuWidget::update(Tick now)
 {
-    if (state == State::Opening) {
-        progress = slideDistance(now);
-        if (progress >= leftCap.width())
-            state = State::Open;
-    } else if (state == State::Closing) {
-        progress = leftCap.width() - slideDistance(now);
-        if (progress <= 0)
+    if (state_ == State::Opening) {
+        progress_ = slideDistance(now);
+        if (progress_ >= leftCap_.width())
+            state_ = State::Open;
+    } else if (state_ == State::Closing) {
+        progress_ = leftCap_.width() - slideDistance(now);
+        if (progress_ <= 0)
             reportChoice();
     }
 }
 
 void MenuWidget::reportChoice()
 {
-    state = State::Closed;
+    state_ = State::Closed;
     // The listener may open the menu again, so nothing of it is touched after this call.
-    listener->itemChosen(items[static_cast<std::size_t>(selected)]);
+    listener_->itemChosen(items_[static_cast<std::size_t>(selected_)]);
 }
 
 MenuWidget::RowLayout MenuWidget::layout() const
 {
-    if (state == State::Open)
-        return {0, kScreenWidth - rightCap.width(), kScreenCentreX};
-    const std::int32_t width = leftCap.width();
-    const std::int32_t offset = progress - width;
-    const float share = width == 0 ? 1.0f : static_cast<float>(progress) / static_cast<float>(width);
-    const float rightCapX = static_cast<float>(kScreenWidth) - share * static_cast<float>(rightCap.width());
+    if (state_ == State::Open)
+        return {0, kScreenWidth - rightCap_.width(), kScreenCentreX};
+    const std::int32_t width = leftCap_.width();
+    const std::int32_t offset = progress_ - width;
+    const float share = width == 0 ? 1.0f : static_cast<float>(progress_) / static_cast<float>(width);
+    const float rightCapX = static_cast<float>(kScreenWidth) - share * static_cast<float>(rightCap_.width());
     return {offset, truncated(rightCapX), kScreenCentreX + offset};
 }
 
 std::int32_t MenuWidget::columnTop() const
 {
-    return kScreenCentreY - kRowPitch / 2 * static_cast<std::int32_t>(items.size());
+    return kScreenCentreY - kRowPitch / 2 * static_cast<std::int32_t>(items_.size());
 }
 
 void MenuWidget::render(Surface &target) const
 {
-    if (state == State::Closed)
+    if (state_ == State::Closed)
         return;
     const RowLayout row = layout();
-    for (std::size_t i = items.size(); i-- > 0;) {
+    for (std::size_t i = items_.size(); i-- > 0;) {
         const std::int32_t top = columnTop() + kRowPitch * static_cast<std::int32_t>(i);
-        rightCap.blitTo(target, row.rightCapX, top);
-        leftCap.blitTo(target, row.leftCapX, top);
-        target.drawText(font, items[i], row.textX, top + kTextTopInRow, TextAlign::AlignCentre);
+        rightCap_.blitTo(target, row.rightCapX, top);
+        leftCap_.blitTo(target, row.leftCapX, top);
+        target.drawText(font_, items_[i], row.textX, top + kTextTopInRow, TextAlign::AlignCentre);
     }
 }
 
 void MenuWidget::onPointer(std::int32_t x, std::int32_t y)
 {
-    if (state != State::Open || x <= kTapZoneLeft || x >= kTapZoneRight)
+    if (state_ != State::Open || x <= kTapZoneLeft || x >= kTapZoneRight)
         return;
     const std::int32_t top = columnTop();
-    if (y < top || y >= top + kRowPitch * static_cast<std::int32_t>(items.size()))
+    if (y < top || y >= top + kRowPitch * static_cast<std::int32_t>(items_.size()))
         return;
     // Kept: the caps and the text's length do not matter; every row is tapped in the same zone.
-    selected = (y - top) / kRowPitch;
-    state = State::Closing;
-    startTick = platform::GetTickCount();
+    selected_ = (y - top) / kRowPitch;
+    state_ = State::Closing;
+    startTick_ = platform::GetTickCount();
 }
 
 } // namespace mygame

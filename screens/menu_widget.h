@@ -24,7 +24,7 @@ public:
 
     /// Begins to slide in, without rows and whatever it showed before. Rows are to be added before the next
     /// frame. The listener must stay alive until the next `open`.
-    void open(MenuListener *newListener);
+    void open(MenuListener *listener);
 
     /// Adds a row below the others.
     void addItem(const std::u16string &text);
@@ -57,15 +57,15 @@ private:
     RowLayout layout() const;
     void reportChoice();
 
-    std::vector<std::u16string> items;
-    BitmapFont font;
-    Surface leftCap;
-    Surface rightCap;
-    State state = State::Closed;
-    MenuListener *listener = nullptr;
-    std::int32_t selected = -1; ///< Index of the tapped row, -1 while none.
-    std::int32_t progress = 0;  ///< Pixels that the left caps have slid in, up to their width.
-    Tick startTick = 0;
+    std::vector<std::u16string> items_;
+    BitmapFont font_;
+    Surface leftCap_;
+    Surface rightCap_;
+    State state_ = State::Closed;
+    MenuListener *listener_ = nullptr;
+    std::int32_t selected_ = -1; ///< Index of the tapped row, -1 while none.
+    std::int32_t progress_ = 0;  ///< Pixels that the left caps have slid in, up to their width.
+    Tick startTick_ = 0;
 };
 
 } // namespace mygame

@@ -16,30 +16,30 @@ constexpr std::int32_t kStripTop = kScreenHeight - 40;
 
 } // namespace
 
-MessageScreen::MessageScreen() { background.load(dataFilePath(u"bg.jpg")); }
+MessageScreen::MessageScreen() { background_.load(dataFilePath(u"bg.jpg")); }
 
 void MessageScreen::setMessage(const std::u16string &message, Screen *nextScreen)
 {
-    text = message;
-    next = nextScreen;
+    text_ = message;
+    next_ = nextScreen;
 }
 
 void MessageScreen::render(Surface &target)
 {
-    background.blitTo(target, 0, 0);
-    target.drawText(font, text, kScreenCentreX, kTextY, TextAlign::AlignCentre);
-    target.drawText(font, u"Click here to continue", kScreenCentreX, kPromptY, TextAlign::AlignCentre);
+    background_.blitTo(target, 0, 0);
+    target.drawText(font_, text_, kScreenCentreX, kTextY, TextAlign::AlignCentre);
+    target.drawText(font_, u"Click here to continue", kScreenCentreX, kPromptY, TextAlign::AlignCentre);
 }
 
 void MessageScreen::pointerUp(std::uint16_t, std::uint16_t y)
 {
     if (y > kStripTop)
-        application->setCurrentScreen(next);
+        application_->setCurrentScreen(next_);
 }
 
-bool MessageScreen::activate(Application *current)
+bool MessageScreen::activate(Application *application)
 {
-    application = current;
+    application_ = application;
     return true;
 }
 

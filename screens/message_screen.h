@@ -17,21 +17,21 @@ public:
     /// Loads the picture.
     MessageScreen();
 
-    void setFont(const BitmapFont &textFont) { font = textFont; }
+    void setFont(const BitmapFont &textFont) { font_ = textFont; }
 
     /// What to show and where to go from there, not null. To be set before each showing.
     void setMessage(const std::u16string &message, Screen *nextScreen);
 
     void render(Surface &target) override;
     void pointerUp(std::uint16_t x, std::uint16_t y) override;
-    bool activate(Application *current) override;
+    bool activate(Application *application) override;
 
 private:
-    Application *application = nullptr;
-    Screen *next = nullptr;
-    std::u16string text;
-    BitmapFont font;
-    Surface background;
+    Application *application_ = nullptr;
+    Screen *next_ = nullptr;
+    std::u16string text_;
+    BitmapFont font_;
+    Surface background_;
 };
 
 } // namespace mygame

@@ -103,50 +103,50 @@ constexpr std::int32_t kLinePitch = 10;
 
 } // namespace
 
-ShopScreen::ShopScreen() { background.load(dataFilePath(u"shop.png")); }
+ShopScreen::ShopScreen() { background_.load(dataFilePath(u"shop.png")); }
 
 void ShopScreen::link(GameState *state, const BitmapFont &textFont)
 {
-    gameState = state;
-    font = textFont;
+    gameState_ = state;
+    font_ = textFont;
 }
 
-bool ShopScreen::activate(Application *current)
+bool ShopScreen::activate(Application *application)
 {
-    application = current;
-    selected = ShopItem::None;
+    application_ = application;
+    selected_ = ShopItem::None;
     return true;
 }
 
 void ShopScreen::render(Surface &target)
 {
-    background.blitTo(target, 0, 0);
+    background_.blitTo(target, 0, 0);
     renderLabels(target);
     renderSelection(target);
 }
 
 void ShopScreen::renderAmount(Surface &target, std::int32_t dollars, std::int32_t centreX) const
 {
-    target.drawText(font, formatted(u"$%d", dollars), centreX, kAmountY, TextAlign::AlignCentre);
+    target.drawText(font_, formatted(u"$%d", dollars), centreX, kAmountY, TextAlign::AlignCentre);
 }
 
 void ShopScreen::renderLabels(Surface &target) const
 {
-    renderAmount(target, gameState->player.money, kMoneyX);
+    renderAmount(target, gameState_->player.money, kMoneyX);
     for (const Label &label : kLabels)
-        target.drawText(font, label.text, label.centreX, label.y, TextAlign::AlignCentre);
+        target.drawText(font_, label.text, label.centreX, label.y, TextAlign::AlignCentre);
 }
 
 void ShopScreen::renderSelection(Surface &target) const
 {
-    const Offer *offer = findOffer(selected);
+    const Offer *offer = findOffer(selected_);
     if (!offer)
         return;
     renderAmount(target, offer->price, kPriceX);
-    target.drawText(font, offer->name, kTextX, kNameY, TextAlign::AlignLeft);
+    target.drawText(font_, offer->name, kTextX, kNameY, TextAlign::AlignLeft);
     std::int32_t y = kDescriptionY;
     for (const char16_t *line : offer->description) {
-        target.drawText(font, line, kTextX, y, TextAlign::AlignLeft);
+        target.drawText(font_, line, kTextX, y, TextAlign::AlignLeft);
         y += kLinePitch;
     }
     target.drawRect(offer->frame.left, offer->frame.top, offer->frame.right, offer->frame.bottom, kRed);
@@ -155,7 +155,7 @@ void ShopScreen::renderSelection(Surface &target) const
 void ShopScreen::pointerUp(std::uint16_t x, std::uint16_t y)
 {
     if (isInside(kBackZone, x, y))
-        application->setScreen(screen_names::kGame);
+        application_->setScreen(screen_names::kGame);
     else if (isInside(kBuyZone, x, y))
         buy();
     else if (isInside(kItemZone, x, y))
@@ -165,19 +165,19 @@ void ShopScreen::pointerUp(std::uint16_t x, std::uint16_t y)
 void ShopScreen::select(std::int32_t x, std::int32_t y)
 {
     if (y < kItemSplitY)
-        selected = x < kItemSplitX ? ShopItem::Repair : ShopItem::MissileSlot;
+        selected_ = x < kItemSplitX ? ShopItem::Repair : ShopItem::MissileSlot;
     else
-        selected = x < kItemSplitX ? ShopItem::Nuke : ShopItem::Propulsion;
+        selected_ = x < kItemSplitX ? ShopItem::Nuke : ShopItem::Propulsion;
 }
 
 void ShopScreen::buy()
 {
-    const Offer *offer = findOffer(selected);
-    if (!offer || gameState->player.money < offer->price)
+    const Offer *offer = findOffer(selected_);
+    if (!offer || gameState_->player.money < offer->price)
         return;
     // Kept: without an upper limit, and an untouched Earth is repaired for the full price.
-    offer->apply(*gameState);
-    gameState->player.money -= offer->price;
+    offer->apply(*gameState_);
+    gameState_->player.money -= offer->price;
 }
 
 } // namespace mygame

@@ -31,7 +31,7 @@ public:
 
     void render(Surface &target) override;
     void pointerUp(std::uint16_t x, std::uint16_t y) override;
-    bool activate(Application *current) override;
+    bool activate(Application *application) override;
 
 private:
     void renderAmount(Surface &target, std::int32_t dollars, std::int32_t centreX) const;
@@ -40,11 +40,11 @@ private:
     void select(std::int32_t x, std::int32_t y);
     void buy();
 
-    Application *application = nullptr;
-    GameState *gameState = nullptr;
-    Surface background;
-    BitmapFont font;
-    ShopItem selected = ShopItem::None;
+    Application *application_ = nullptr;
+    GameState *gameState_ = nullptr;
+    Surface background_;
+    BitmapFont font_;
+    ShopItem selected_ = ShopItem::None;
 };
 
 } // namespace mygame

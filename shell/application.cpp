@@ -58,16 +58,16 @@ void registerWindowClass(platform::HINSTANCE instance)
 
 } // namespace
 
-Application::Application() : nextFrameTime(platform::GetTickCount()) {}
+Application::Application() : nextFrameTime_(platform::GetTickCount()) {}
 
 Application::~Application()
 {
     // Kept: also when there never was a window; the surroundings come back in any case.
     platform::ShowWindow(taskBar(), platform::SW_SHOW);
-    platform::SetFullScreen(window, kShowAround);
+    platform::SetFullScreen(window_, kShowAround);
     closeLog();
-    display.reset();
-    screens.clear();
+    display_.reset();
+    screens_.clear();
 }
 
 bool Application::init(platform::HINSTANCE instance, int showCommand)
@@ -77,7 +77,7 @@ bool Application::init(platform::HINSTANCE instance, int showCommand)
         logText("Init Failed");
         return false;
     }
-    display = std::make_unique<Display>(window);
+    display_ = std::make_unique<Display>(window_);
     platform::GXOpenInput();
     // Kept: as a screen the application is activated, too, which does nothing and succeeds.
     return activate(nullptr);
@@ -102,7 +102,7 @@ bool Application::createWindow(platform::HINSTANCE instance, int showCommand)
     const ScreenSize shown = screenSize();
     platform::MoveWindow(created, 0, 0, shown.width, shown.height, 1);
     platform::UpdateWindow(created);
-    window = created;
+    window_ = created;
     return true;
 }
 
@@ -120,7 +120,7 @@ void Application::run()
     endLoop();
 }
 
-void Application::beginLoop() { stopRequested = false; }
+void Application::beginLoop() { stopRequested_ = false; }
 
 void Application::endLoop()
 {
@@ -128,30 +128,30 @@ void Application::endLoop()
     logText("Main loop stopped");
 }
 
-void Application::requestStop() { stopRequested = true; }
+void Application::requestStop() { stopRequested_ = true; }
 
 bool Application::runPass()
 {
     handleMessages();
     const Tick now = platform::GetTickCount();
-    if (asDue(now) >= asDue(nextFrameTime)) {
+    if (asDue(now) >= asDue(nextFrameTime_)) {
         // Kept: also after a stop was requested in this pass.
-        if (platform::GetForegroundWindow() == window)
+        if (platform::GetForegroundWindow() == window_)
             runFrame();
         // From before the frame: one that took longer is followed at once by the next, and none is made up
         // for.
-        nextFrameTime = tickAfter(now, kFrameIntervalMs);
+        nextFrameTime_ = tickAfter(now, kFrameIntervalMs);
     } else {
         platform::Sleep(kIdleSleepMs);
     }
-    return !stopRequested;
+    return !stopRequested_;
 }
 
 void Application::runFrame()
 {
-    if (display->beginDraw()) {
-        render(display->backBuffer());
-        display->endDraw();
+    if (display_->beginDraw()) {
+        render(display_->backBuffer());
+        display_->endDraw();
     }
     // Kept: also when nothing could be drawn, and with the clock read anew after the frame was shown.
     update(platform::GetTickCount());
@@ -207,7 +207,7 @@ void Application::handleMessage(const platform::MSG &message)
     }
 }
 
-void Application::addScreen(const std::string &name, Screen *screen) { screens[name] = screen; }
+void Application::addScreen(const std::string &name, Screen *screen) { screens_[name] = screen; }
 
 void Application::setScreen(const std::string &name)
 {
@@ -226,8 +226,8 @@ void Application::setCurrentScreen(Screen *screen)
 
 Screen *Application::findScreen(const std::string &name) const
 {
-    const auto found = screens.find(name);
-    return found == screens.end() ? nullptr : found->second;
+    const auto found = screens_.find(name);
+    return found == screens_.end() ? nullptr : found->second;
 }
 
 void Application::render(Surface &target)

@@ -74,12 +74,12 @@ private:
     void handleMessage(const platform::MSG &message);
     void runFrame();
 
-    platform::HWND window = nullptr;
-    std::unique_ptr<Display> display;
-    bool stopRequested = false;
-    Tick nextFrameTime; ///< At or after which a frame is due.
+    platform::HWND window_ = nullptr;
+    std::unique_ptr<Display> display_;
+    bool stopRequested_ = false;
+    Tick nextFrameTime_; ///< At or after which a frame is due.
     Screen *currentScreen_ = nullptr;
-    std::map<std::string, Screen *> screens;
+    std::map<std::string, Screen *> screens_;
 };
 
 } // namespace mygame

@@ -27,11 +27,11 @@ Display::Display(platform::HWND window)
         return;
     }
     const platform::GXDisplayProperties found = platform::GXGetDisplayProperties();
-    properties = {found.cxWidth, found.cyHeight, found.cbxPitch, found.cbyPitch, found.cBPP, found.ffFormat};
+    properties_ = {found.cxWidth, found.cyHeight, found.cbxPitch, found.cbyPitch, found.cBPP, found.ffFormat};
     logProperties();
     logText(platform::GXIsDisplayDRAMBuffer() ? "Nonstandard display\n" : "Standard display\n");
-    backBuffer_.create(static_cast<std::int32_t>(properties.width),
-                       static_cast<std::int32_t>(properties.height));
+    backBuffer_.create(static_cast<std::int32_t>(properties_.width),
+                       static_cast<std::int32_t>(properties_.height));
 }
 
 Display::~Display() { platform::GXCloseDisplay(); }
@@ -41,25 +41,25 @@ void Display::logProperties() const
     logText("Display properties:\n");
     // Kept: without a space, unlike the others.
     logText("Screen Width:");
-    logUnsigned(properties.width);
+    logUnsigned(properties_.width);
     logText("\nScreen Height: ");
-    logUnsigned(properties.height);
+    logUnsigned(properties_.height);
     logText("\nBPP: ");
-    logNumber(properties.bitsPerPixel);
+    logNumber(properties_.bitsPerPixel);
     logText("\nFormat: ");
-    logUnsigned(properties.formatFlags);
+    logUnsigned(properties_.formatFlags);
     logText("\n");
 }
 
 bool Display::beginDraw()
 {
-    frameBuffer = platform::GXBeginDraw();
-    return frameBuffer != nullptr;
+    frameBuffer_ = platform::GXBeginDraw();
+    return frameBuffer_ != nullptr;
 }
 
 int Display::endDraw()
 {
-    if (properties.bitsPerPixel == kPixelBits)
+    if (properties_.bitsPerPixel == kPixelBits)
         copyToFrameBuffer();
     return platform::GXEndDraw();
 }
@@ -68,14 +68,14 @@ void Display::copyToFrameBuffer() const
 {
     const std::int32_t width = backBuffer_.width();
     const Pixel *source = backBuffer_.pixels();
-    if (properties.xPitch == kPixelBytes && properties.yPitch == width * kPixelBytes) {
-        std::memcpy(frameBuffer, source, static_cast<std::size_t>(backBuffer_.pixelCount()) * sizeof(Pixel));
+    if (properties_.xPitch == kPixelBytes && properties_.yPitch == width * kPixelBytes) {
+        std::memcpy(frameBuffer_, source, static_cast<std::size_t>(backBuffer_.pixelCount()) * sizeof(Pixel));
         return;
     }
-    auto *row = static_cast<std::byte *>(frameBuffer);
-    for (std::int32_t y = 0; y < backBuffer_.height(); ++y, row += properties.yPitch) {
+    auto *row = static_cast<std::byte *>(frameBuffer_);
+    for (std::int32_t y = 0; y < backBuffer_.height(); ++y, row += properties_.yPitch) {
         std::byte *pixel = row;
-        for (std::int32_t x = 0; x < width; ++x, pixel += properties.xPitch)
+        for (std::int32_t x = 0; x < width; ++x, pixel += properties_.xPitch)
             std::memcpy(pixel, source++, sizeof(Pixel));
     }
 }

@@ -45,8 +45,8 @@ private:
     void logProperties() const;
     void copyToFrameBuffer() const;
 
-    DisplayProperties properties{};
-    void *frameBuffer = nullptr;
+    DisplayProperties properties_{};
+    void *frameBuffer_ = nullptr;
     Surface backBuffer_;
 };
 

@@ -57,13 +57,13 @@ public:
     void dispatchAll();
 
     /// Events that wait for delivery.
-    std::size_t waiting() const { return queue.size(); }
+    std::size_t waiting() const { return queue_.size(); }
 
 private:
     void deliver(const Event &event) const;
 
-    std::list<std::unique_ptr<Event>> queue;
-    std::multimap<std::int32_t, EventListener *> subscribers;
+    std::list<std::unique_ptr<Event>> queue_;
+    std::multimap<std::int32_t, EventListener *> subscribers_;
 };
 
 } // namespace mygame

@@ -42,16 +42,16 @@ Program::Program() : application_(std::make_unique<Application>())
 {
     platform::srand(platform::GetTickCount());
     state_ = std::make_unique<GameState>();
-    rules = std::make_unique<GameRules>();
-    gameScreen = std::make_unique<GameScreen>();
-    rules->link(state_.get());
-    gameScreen->link(state_.get());
+    rules_ = std::make_unique<GameRules>();
+    gameScreen_ = std::make_unique<GameScreen>();
+    rules_->link(state_.get());
+    gameScreen_->link(state_.get());
     state_->soundOn = 1;
     loadFonts();
     setUpMenu();
-    shop = std::make_unique<ShopScreen>();
-    gameOver = std::make_unique<GameOverScreen>();
-    mainMenu = std::make_unique<MainMenuScreen>();
+    shop_ = std::make_unique<ShopScreen>();
+    gameOver_ = std::make_unique<GameOverScreen>();
+    mainMenu_ = std::make_unique<MainMenuScreen>();
     linkScreens();
     for (const auto &[name, screen] : screens())
         application_->addScreen(name, screen);
@@ -68,25 +68,25 @@ void Program::loadFonts()
 
 void Program::setUpMenu()
 {
-    loadCap(leftCap, u"menu_left.png");
-    loadCap(rightCap, u"menu_right.png");
-    state_->menu.setup(state_->bigFont, leftCap, rightCap);
+    loadCap(leftCap_, u"menu_left.png");
+    loadCap(rightCap_, u"menu_right.png");
+    state_->menu.setup(state_->bigFont, leftCap_, rightCap_);
 }
 
 void Program::linkScreens()
 {
-    gameOver->setFont(state_->font);
-    shop->link(state_.get(), state_->font);
-    mainMenu->link(state_.get());
+    gameOver_->setFont(state_->font);
+    shop_->link(state_.get(), state_->font);
+    mainMenu_->link(state_.get());
     state_->messageScreen.setFont(state_->font);
 }
 
 std::array<Program::NamedScreen, 6> Program::screens() const
 {
-    return {{{screen_names::kShop, shop.get()},
-             {screen_names::kGame, gameScreen.get()},
-             {screen_names::kGameOver, gameOver.get()},
-             {screen_names::kMainMenu, mainMenu.get()},
+    return {{{screen_names::kShop, shop_.get()},
+             {screen_names::kGame, gameScreen_.get()},
+             {screen_names::kGameOver, gameOver_.get()},
+             {screen_names::kMainMenu, mainMenu_.get()},
              {screen_names::kMessage, &state_->messageScreen},
              {screen_names::kAnimation, &state_->animScreen}}};
 }

@@ -57,14 +57,14 @@ private:
     std::array<NamedScreen, 6> screens() const;
 
     // In the reverse order of their destruction, which is not that of their construction.
-    Surface leftCap;
-    Surface rightCap;
+    Surface leftCap_;
+    Surface rightCap_;
     std::unique_ptr<GameState> state_;
-    std::unique_ptr<GameRules> rules;
-    std::unique_ptr<GameScreen> gameScreen;
-    std::unique_ptr<ShopScreen> shop;
-    std::unique_ptr<MainMenuScreen> mainMenu;
-    std::unique_ptr<GameOverScreen> gameOver;
+    std::unique_ptr<GameRules> rules_;
+    std::unique_ptr<GameScreen> gameScreen_;
+    std::unique_ptr<ShopScreen> shop_;
+    std::unique_ptr<MainMenuScreen> mainMenu_;
+    std::unique_ptr<GameOverScreen> gameOver_;
     std::unique_ptr<Application> application_;
 };
 

@@ -37,9 +37,9 @@ Colour shadeSmall(float y, float) { return mix(rgb(0xFFFFFF), rgb(0xC4D6E8), (y 
 Colour shadeBig(float y, float light)
 {
     const Colour face =
-        y < 7 ? mix(rgb(0xFFFFFF), rgb(0xD4DDE8), y / 7) : mix(rgb(0xC2CFDE), rgb(0x94A8C2), (y - 7) / 6);
-    const Colour lit = mix(face, rgb(0xFFF6E4), std::max(0.0f, light - 0.35f) * 0.8f);
-    return mix(rgb(0x34445E), lit, std::min(1.0f, 0.62f + light * 0.75f));
+        y < 7 ? mix(rgb(0xFFFFFF), rgb(0xE6F1FF), y / 7) : mix(rgb(0xD8E8FB), rgb(0xA8C4E6), (y - 7) / 6);
+    const Colour lit = mix(face, rgb(0xFFFAF0), std::max(0.0f, light - 0.35f) * 0.8f);
+    return mix(rgb(0x3E5680), lit, std::min(1.0f, 0.78f + light * 0.6f));
 }
 
 /// How much ink a dot holds; the dot behind a thin stroke holds a part, where the letter has room for it.

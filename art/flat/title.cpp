@@ -1,5 +1,5 @@
 // Draws the game's name as three layers for relief: thick letters of the big font, in steel, with a shadow
-// behind.
+// behind and the sky darkened around them.
 //
 // title FONT_BIG.TXT NAME WIDTH HEIGHT TOP SCALE HEIGHT.PNG COLOUR.PNG GLOW.PNG
 //
@@ -52,8 +52,8 @@ Field inkOf(const std::string &name, const Alphabet &letters, int unit, Field la
 
 Colour steel(float down)
 {
-    return down < 0.5f ? mix(rgb(0xF2F6FA), rgb(0xB4C0CE), down * 2)
-                       : mix(rgb(0x9AAAC0), rgb(0x6A7C98), down * 2 - 1);
+    return down < 0.5f ? mix(rgb(0xFFFFFF), rgb(0xCAD8E8), down * 2)
+                       : mix(rgb(0xAEC2DC), rgb(0x7C94B8), down * 2 - 1);
 }
 
 } // namespace
@@ -73,7 +73,7 @@ int main(int argc, char **argv)
         inkOf(name, readStrokes(argv[1], unit), unit, Field(width, height), (width - units * unit) / 2, top);
     // Softened ink tells how near the edge of a stroke is; where to cut it says how thick the letters are.
     const Field soft = blurred(thin, unit / 4), wide = blurred(thin, unit / 2),
-                shade = blurred(thin, scale * 5 / 4);
+                shade = blurred(thin, scale * 5 / 4), far = blurred(thin, scale * 4);
     Drawing heights(width, height), colours(width, height), glow(width, height);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
@@ -82,9 +82,10 @@ int main(int argc, char **argv)
             const float rim = smooth(0.015f, 0.05f, wide.at(x, y));
             const int sx = std::max(0, x - 2 * scale), sy = std::max(0, y - 2 * scale);
             const float shadow = 0.75f * smooth(0.0f, 0.5f, shade.at(sx, sy));
+            const float halo = 0.72f * smooth(0.0f, 0.10f, far.at(x, y));
             const float level = 0.55f * smooth(0.05f, 0.75f, soft.at(x, y));
             heights.at(x, y) = {{level, level, level}, 1};
-            colours.at(x, y) = {mix(rgb(0x04070E), steel(down), ink), std::max({ink, rim, shadow})};
+            colours.at(x, y) = {mix(rgb(0x04070E), steel(down), ink), std::max({ink, rim, shadow, halo})};
         }
     writeDrawing(argv[7], heights, Alpha::Keep);
     writeDrawing(argv[8], colours, Alpha::Keep);

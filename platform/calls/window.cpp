@@ -35,7 +35,7 @@ std::string noteText(HWND window)
 {
     if (!window)
         return "null";
-    const HWND unmarked = withoutMark(window);
+    HWND unmarked = withoutMark(window);
     return std::string(unmarked->name) + (unmarked == window ? "" : "|1");
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/common/pixel.h"
 #include "platform/sdl/screen_layout.h"
 
 namespace platform
@@ -13,7 +14,7 @@ namespace
 void convert(const std::uint16_t *row, int width, std::uint32_t *target)
 {
     for (int x = 0; x < width; ++x)
-        target[x] = toXrgb8888(row[x]);
+        target[x] = common::toXrgb8888(row[x]);
 }
 
 /// With a constant scale the compiler unrolls the inner loop and uses wide registers.

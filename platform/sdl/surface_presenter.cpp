@@ -21,8 +21,10 @@ bool takesXrgb8888(const SDL_PixelFormat &format)
 
 std::byte *pixelAt(SDL_Surface &surface, int x, int y)
 {
-    return static_cast<std::byte *>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch +
-           std::ptrdiff_t{x} * static_cast<std::ptrdiff_t>(sizeof(std::uint32_t));
+    auto *pixels = static_cast<std::byte *>(surface.pixels);
+    pixels += std::ptrdiff_t{y} * surface.pitch;
+    pixels += std::ptrdiff_t{x} * static_cast<std::ptrdiff_t>(sizeof(std::uint32_t));
+    return pixels;
 }
 
 /// Draws rows of a frame at a whole multiple of their size. @return where they lie on the surface.

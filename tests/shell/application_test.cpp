@@ -16,7 +16,7 @@ using Calls = std::vector<std::string>;
 class NotingScreen : public Screen
 {
 public:
-    explicit NotingScreen(std::string name) : name(std::move(name)) {}
+    explicit NotingScreen(std::string name) : name_(std::move(name)) {}
 
     void render(Surface &target) override { note("render", target.width(), target.height()); }
     void update(std::uint32_t now) override { note("update", now); }
@@ -42,10 +42,10 @@ private:
     void note(const std::string &call, auto... arguments) const
     {
         if (std::vector<std::string> *notes = platform::device().callNotes())
-            notes->push_back((name + '.' + call + ... + (' ' + std::to_string(arguments))));
+            notes->push_back((name_ + '.' + call + ... + (' ' + std::to_string(arguments))));
     }
 
-    std::string name;
+    std::string name_;
 };
 
 struct ApplicationTest : DeviceTest {

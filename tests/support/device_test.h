@@ -10,9 +10,9 @@
 #include <gtest/gtest.h>
 
 #include "platform/virtual/virtual_device.h"
+#include "replay/picture_file.h"
 #include "shell/log.h"
 #include "tests/support/letters.h"
-#include "replay/picture_file.h"
 
 namespace mygame::tests
 {

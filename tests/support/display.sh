@@ -7,9 +7,15 @@ support=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 project=$(realpath "$support/../..")
 
 # Copies of the program find each other by a name in the network's namespace. In one of its own a test meets
-# neither a game that is being played nor another test.
-if [ -z "${OWN_NAMESPACE:-}" ] && unshare --map-root-user --net true 2> /dev/null; then
-    OWN_NAMESPACE=1 exec unshare --map-root-user --net "$0" "$@"
+# neither a game that is being played nor another test. Root gets one in a changed root folder, too; others get it as
+# root of their own.
+if [ -z "${OWN_NAMESPACE:-}" ]; then
+    for as_root in "" --map-root-user; do
+        # shellcheck disable=SC2086 # no word or one
+        if unshare --net $as_root true 2> /dev/null; then
+            OWN_NAMESPACE=1 exec unshare --net $as_root "$0" "$@"
+        fi
+    done
 fi
 
 fail()

@@ -61,71 +61,71 @@ class DemoScreen : public Screen
 public:
     bool load()
     {
-        const bool loaded = ball.load(dataFilePath(u"demo\\ball.png"), kSpriteFrameMs) &&
-                            font.load(dataFilePath(u"demo\\font.png"), u" ABCDEFGHIJKLMNOPQRSTUVWXYZ") &&
-                            picture.load(dataFilePath(u"demo\\picture.png"));
-        ball.setColourKey(kMagenta);
-        font.setColourKey(kMagenta);
-        ball.start(0, AnimatedSprite::kLoopForEver);
+        const bool loaded = ball_.load(dataFilePath(u"demo\\ball.png"), kSpriteFrameMs) &&
+                            font_.load(dataFilePath(u"demo\\font.png"), u" ABCDEFGHIJKLMNOPQRSTUVWXYZ") &&
+                            picture_.load(dataFilePath(u"demo\\picture.png"));
+        ball_.setColourKey(kMagenta);
+        font_.setColourKey(kMagenta);
+        ball_.start(0, AnimatedSprite::kLoopForEver);
         return loaded;
     }
 
     void render(Surface &target) override
     {
-        target.fill(motion == Motion::EveryPixel ? static_cast<Pixel>(frames * 0x0841) : kBackground);
+        target.fill(motion_ == Motion::EveryPixel ? static_cast<Pixel>(frames_ * 0x0841) : kBackground);
         drawColours(target);
-        picture.blitCentredTo(target, kMiddle, 220);
-        target.drawText(font, u"LEFT", 4, 60, TextAlign::AlignLeft);
-        target.drawText(font, u"CENTRE", kMiddle, 80, TextAlign::AlignCentre);
-        target.drawText(font, u"RIGHT", kScreenWidth - 5, 100, TextAlign::AlignRight);
-        ball.drawCentred(target, 20 + frames % kSpriteRange, 130);
-        if (stylus)
-            target.drawRect(stylus->x - 4, stylus->y - 4, stylus->x + 4, stylus->y + 4, kRed);
+        picture_.blitCentredTo(target, kMiddle, 220);
+        target.drawText(font_, u"LEFT", 4, 60, TextAlign::AlignLeft);
+        target.drawText(font_, u"CENTRE", kMiddle, 80, TextAlign::AlignCentre);
+        target.drawText(font_, u"RIGHT", kScreenWidth - 5, 100, TextAlign::AlignRight);
+        ball_.drawCentred(target, 20 + frames_ % kSpriteRange, 130);
+        if (stylus_)
+            target.drawRect(stylus_->x - 4, stylus_->y - 4, stylus_->x + 4, stylus_->y + 4, kRed);
     }
 
     void update(std::uint32_t now) override
     {
-        if (motion != Motion::Still) {
-            ball.update(now);
-            ++frames;
+        if (motion_ != Motion::Still) {
+            ball_.update(now);
+            ++frames_;
         }
-        if (!shown)
+        if (!shown_)
             report("picture", now);
-        shown = true;
+        shown_ = true;
     }
 
     void keyDown(std::uint16_t key) override
     {
         report("press", key);
         if (key == kEscape)
-            application->requestStop();
+            application_->requestStop();
     }
 
     void keyUp(std::uint16_t key) override { report("release", key); }
 
     void pointerDown(std::uint16_t x, std::uint16_t y) override
     {
-        stylus = {x, y};
-        report("down", *stylus);
+        stylus_ = {x, y};
+        report("down", *stylus_);
         if (y >= kSquaresTop && y < kSquaresTop + kSquareSide)
             tapSquare((x - kSquaresLeft) / kSquarePitch);
     }
 
     void pointerMove(std::uint16_t x, std::uint16_t y) override
     {
-        stylus = {x, y};
-        report("move", *stylus);
+        stylus_ = {x, y};
+        report("move", *stylus_);
     }
 
     void pointerUp(std::uint16_t x, std::uint16_t y) override
     {
-        stylus.reset();
+        stylus_.reset();
         report("up", Place{x, y});
     }
 
     bool activate(Application *owner) override
     {
-        application = owner;
+        application_ = owner;
         return true;
     }
 
@@ -133,9 +133,9 @@ private:
     void tapSquare(std::int32_t square)
     {
         if (square == 0)
-            motion = motion == Motion::Still ? Motion::Moving : Motion::Still;
+            motion_ = motion_ == Motion::Still ? Motion::Moving : Motion::Still;
         else if (square == 1)
-            motion = Motion::EveryPixel;
+            motion_ = Motion::EveryPixel;
         else if (square == 2)
             platform::PlaySoundW(dataFilePath(u"demo\\sound.wav").c_str(), nullptr,
                                  platform::SND_FILENAME | platform::SND_ASYNC);
@@ -153,14 +153,14 @@ private:
         target.drawRect(0, 0, kScreenWidth - 1, kScreenHeight - 1, kWhite);
     }
 
-    Application *application = nullptr;
-    AnimatedSprite ball;
-    BitmapFont font;
-    Surface picture;
-    Motion motion = Motion::Moving;
-    std::int32_t frames = 0;
-    bool shown = false;
-    std::optional<Place> stylus;
+    Application *application_ = nullptr;
+    AnimatedSprite ball_;
+    BitmapFont font_;
+    Surface picture_;
+    Motion motion_ = Motion::Moving;
+    std::int32_t frames_ = 0;
+    bool shown_ = false;
+    std::optional<Place> stylus_;
 };
 
 } // namespace

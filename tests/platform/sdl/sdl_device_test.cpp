@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/clock.h"
+#include "platform/common/pixel.h"
 #include "platform/frame_buffer.h"
 #include "platform/sdl/escape_key.h"
 #include "platform/sdl/frame_pacer.h"
@@ -267,7 +268,8 @@ TEST(Pixels, AreConvertedExactly)
         const unsigned red = pixel >> 11, green = pixel >> 5 & 63, blue = pixel & 31;
         const unsigned rgb =
             (red * 8 + red / 4) << 16 | (green * 4 + green / 16) << 8 | (blue * 8 + blue / 4);
-        ASSERT_EQ(toXrgb8888(static_cast<std::uint16_t>(pixel)), 0xFF000000 | rgb) << "pixel " << pixel;
+        ASSERT_EQ(common::toXrgb8888(static_cast<std::uint16_t>(pixel)), 0xFF000000 | rgb)
+            << "pixel " << pixel;
     }
 }
 
@@ -284,7 +286,7 @@ TEST(Pixels, BecomeSquaresAndNothingElseIsWritten)
         for (int i = 0; i < static_cast<int>(target.size()); ++i) {
             const int x = i % pitch / scale;
             const bool inside = x < kWidth && i / pitch < scale;
-            EXPECT_EQ(target[static_cast<std::size_t>(i)], inside ? toXrgb8888(row[x]) : kUntouched)
+            EXPECT_EQ(target[static_cast<std::size_t>(i)], inside ? common::toXrgb8888(row[x]) : kUntouched)
                 << "element " << i << " at scale " << scale;
         }
     }
@@ -298,7 +300,8 @@ TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
     PictureScaler scaler;
     for (const Size size : {Size{240, 320}, {241, 321}, {450, 600}, {810, 1080}, {1079, 1439}}) {
         scaler.resize(size);
-        std::vector<std::uint32_t> picture(static_cast<std::size_t>(size.width * size.height));
+        std::vector<std::uint32_t> picture(static_cast<std::size_t>(size.width) *
+                                           static_cast<std::size_t>(size.height));
         const std::ptrdiff_t pitch = size.width * 4;
         const RowSpan lower = scaler.rowsShowing({100, 320});
         scaler.draw(frame, {0, lower.first}, reinterpret_cast<std::byte *>(picture.data()), pitch);
@@ -308,14 +311,14 @@ TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
             for (int x = 0; x < size.width; ++x) {
                 const int left = x * 240 / size.width, right = ((x + 1) * 240 - 1) / size.width;
                 const int top = y * 320 / size.height, bottom = ((y + 1) * 320 - 1) / size.height;
-                const std::uint32_t is = picture[static_cast<std::size_t>(y * size.width + x)];
+                const std::uint32_t is = *(picture.data() + std::ptrdiff_t{y} * size.width + x);
                 const auto green = [&](int column, int row) {
-                    return static_cast<int>(toXrgb8888(rowOf(frame, row)[column]) >> 8 & 0xFF);
+                    return static_cast<int>(common::toXrgb8888(rowOf(frame, row)[column]) >> 8 & 0xFF);
                 };
                 const auto [least, most] = std::minmax(
                     {green(left, top), green(right, top), green(left, bottom), green(right, bottom)});
                 if (left == right && top == bottom) {
-                    ASSERT_EQ(is, toXrgb8888(rowOf(frame, top)[left]))
+                    ASSERT_EQ(is, common::toXrgb8888(rowOf(frame, top)[left]))
                         << size.width << ": " << x << ", " << y;
                 }
                 ASSERT_TRUE(static_cast<int>(is >> 8 & 0xFF) >= least - 2 &&

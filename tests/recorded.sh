@@ -47,7 +47,9 @@ grep -v '^at [0-9]* check ' "$script" >build/recorded/script
 play_both
 frame=$(cmp "$old/trace" "$here/trace" | sed -n 's/.* line \([0-9]*\)$/\1/p')
 [ -n "$frame" ] || { echo "$name is as $commit showed it"; exit; }
-sed -n "${frame}p" "$old/trace" "$here/trace" | cut -c 1-300
+for trace in "$old/trace" "$here/trace"; do
+    sed -n "${frame}p" "$trace"
+done
 
 # The frame's time since the start, at which its picture is asked for.
 first=$(sed -n '1s/.*"tick":\([0-9]*\).*/\1/p' "$here/trace")

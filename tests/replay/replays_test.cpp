@@ -133,7 +133,8 @@ TEST_P(Replays, Show)
 {
     const Evidence evidence = evidenceOf(GetParam());
     const std::string picture = pictureLeft(GetParam(), evidence.run["errors"]);
-    EXPECT_EQ(picture, "") << evidence.run["errors"] << "what it was: tests/recorded.sh " << GetParam();
+    EXPECT_EQ(picture, "") << evidence.run["errors"].get<std::string>() << "tests/recorded.sh " << GetParam()
+                           << " shows both";
     const bool isPinned = readFile(GetParam() + ".txt").find(" check ") != std::string::npos;
     EXPECT_EQ(isPinned, !evidence.frames.empty()) << "tests/pin.sh pins it";
     std::string text = readFile(kReplays / (GetParam() + ".facts"));

@@ -103,7 +103,9 @@ bool GameWindow::create(const std::string &newTitle, const std::string &iconFile
 
 void GameWindow::abandon()
 {
-    static_cast<void>(presenter_.release());
+    if (presenter_)
+        presenter_->abandon();
+    presenter_.reset();
     static_cast<void>(window_.release());
     videoRuns_ = false;
 }

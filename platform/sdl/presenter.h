@@ -24,6 +24,9 @@ public:
     /// The window's size or what it showed is not what it was: the next frame is presented whole.
     virtual void invalidate() = 0;
 
+    /// Forgets what belongs to a display that has gone: nothing of it could be destroyed any more.
+    virtual void abandon() {}
+
     /// Whether `present` waits for the display.
     virtual VerticalSync verticalSync() const = 0;
 };

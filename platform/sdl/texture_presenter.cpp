@@ -34,6 +34,13 @@ void TexturePresenter::invalidate()
     texture_.reset(makeTexture(renderer_.get()));
 }
 
+void TexturePresenter::abandon()
+{
+    static_cast<void>(multiple_.release());
+    static_cast<void>(texture_.release());
+    static_cast<void>(renderer_.release());
+}
+
 SDL_Texture *TexturePresenter::enlarged(const ScreenLayout &layout)
 {
     // The next whole multiple; taking that down to the picture's size mixes across the pixels' edges alone.

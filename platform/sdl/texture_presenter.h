@@ -19,6 +19,7 @@ public:
     bool isReady() override { return texture_ != nullptr; }
     bool present(const Frame &frame, const Damage &damage) override;
     void invalidate() override;
+    void abandon() override;
     VerticalSync verticalSync() const override { return VerticalSync::On; }
 
 private:

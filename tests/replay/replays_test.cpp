@@ -25,7 +25,7 @@ const std::regex kNoFact(" *(?:#.*)?");
 const std::regex kUnmet(":(\\d+): the pictures are not those recorded");
 
 /// What one replay left behind.
-struct Evidence {
+struct Evidence { // NOLINT(bugprone-exception-escape): what moves JSON says that it throws nothing
     std::vector<std::string> frames; ///< The lines of the trace.
     Json run;                        ///< Its `screens`, `log`, `errors` and `exit` status.
 };

@@ -61,12 +61,15 @@ inline void copyInColumns(const KeyedBlock &block)
             return;
         }
     }
-    for (std::int32_t start = 0; start < block.width; start += kColumn) {
-        const std::int32_t left = std::min(start, block.width - kColumn);
-        Pixel *to = block.target + left;
-        const Pixel *from = block.source + left;
-        for (std::int32_t y = 0; y < block.height; ++y, to += block.targetWidth, from += block.sourceWidth)
-            copyRowKeyed<kLanes, kColumn>(to, from, block.key);
+    // A copy of its own: what is written through `to` could be one of the block's numbers, as far as the
+    // compiler knows.
+    const KeyedBlock b = block;
+    for (std::int32_t start = 0; start < b.width; start += kColumn) {
+        const std::int32_t left = std::min(start, b.width - kColumn);
+        Pixel *to = b.target + left;
+        const Pixel *from = b.source + left;
+        for (std::int32_t y = 0; y < b.height; ++y, to += b.targetWidth, from += b.sourceWidth)
+            copyRowKeyed<kLanes, kColumn>(to, from, b.key);
     }
 }
 

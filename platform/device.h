@@ -53,6 +53,8 @@ public:
     virtual bool isStandardDisplay() const { return true; }
     /// The top-left pixel of the frame buffer; null while it cannot be had.
     virtual void *beginDraw() = 0;
+    /// How often the display refreshes, in Hz; 0 where showing a frame takes a time of its own.
+    virtual std::uint32_t displayRate() const = 0;
     /// Shows what was drawn and moves the clock. Waits where the device has something to wait for.
     virtual void endDraw() = 0;
 

@@ -1,18 +1,26 @@
 /// `mygame`: the program in a window.
 #include <algorithm>
+#include <ctime>
 #include <filesystem>
 #include <iostream>
+#include <string>
 #include <string_view>
 #include <system_error>
 
 #include "platform/common/device_path.h"
 #include "platform/sdl/sdl_device.h"
+#include "replay/recording_device.h"
+#include "replay/recording_file.h"
 #include "shell/startup.h"
 
 namespace
 {
 
 constexpr int kExitBadUse = 2;
+
+/// Beside the log.
+constexpr char kRecordingsFolder[] = "recordings";
+constexpr std::size_t kRecordings = 20;
 
 constexpr std::string_view kHelp = "usage: mygame\n"
                                    "Defend the Earth against falling asteroids.\n"
@@ -36,17 +44,43 @@ bool hasPictures(const std::filesystem::path &folder)
     return std::any_of(begin(entries), end(entries), isPicture);
 }
 
+std::string recordingComments()
+{
+    const std::time_t now = std::time(nullptr);
+    char date[32];
+    std::strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S", std::localtime(&now));
+    return "# MyGame recording\n# MyGame " MYGAME_VERSION ", " MYGAME_HOST ", " + std::string(date) + '\n';
+}
+
+/// From its start to its end. A recording in which no game was begun is not worth keeping.
+void runProgram(replay::RecordingDevice &recording)
+{
+    {
+        mygame::Program program;
+        if (!program.begin(nullptr, platform::SW_SHOW))
+            return;
+        while (program.runPass()) {
+            if (program.isInGame())
+                recording.keep();
+        }
+        program.end();
+    }
+    recording.finish();
+}
+
 int play()
 {
     platform::SdlDevice device;
-    platform::useDevice(device);
+    replay::RecordingFile file(kRecordingsFolder, kRecordings);
+    replay::RecordingDevice recording(device, file, recordingComments());
+    platform::useDevice(recording);
     const std::filesystem::path program = platform::common::toHostPath(device.programPath());
     if (!hasPictures(program.parent_path()))
         std::cerr << "mygame: no pictures in " << program.parent_path() << "; nothing will be drawn\n";
-    const int exitCode = mygame::startUp(nullptr, nullptr, u"", platform::SW_SHOW);
+    runProgram(recording);
     if (!device.windowError().empty())
         std::cerr << "mygame: cannot open a window: " << device.windowError() << '\n';
-    return exitCode;
+    return 0;
 }
 
 } // namespace

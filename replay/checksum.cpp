@@ -1,9 +1,9 @@
 #include "replay/checksum.h"
 
-#include <array>
+#include <algorithm>
 #include <bit>
+#include <cstring>
 #include <string_view>
-#include <vector>
 
 #include <zlib.h>
 
@@ -17,19 +17,54 @@ std::uint32_t continued(std::uint32_t checksum, const void *bytes, std::size_t s
     return static_cast<std::uint32_t>(crc32_z(checksum, static_cast<const Bytef *>(bytes), size));
 }
 
-} // namespace
-
-std::uint32_t pictureChecksum(std::span<const std::uint16_t> pixels)
+std::uint32_t rowChecksum(std::span<const std::uint16_t> pixels)
 {
     if constexpr (std::endian::native == std::endian::little)
         return continued(0, pixels.data(), pixels.size_bytes());
-    std::vector<std::uint8_t> bytes;
-    bytes.reserve(pixels.size_bytes());
+    std::uint32_t checksum = 0;
     for (const std::uint16_t pixel : pixels) {
-        bytes.push_back(static_cast<std::uint8_t>(pixel));
-        bytes.push_back(static_cast<std::uint8_t>(pixel >> 8));
+        const std::uint8_t bytes[] = {static_cast<std::uint8_t>(pixel),
+                                      static_cast<std::uint8_t>(pixel >> 8)};
+        checksum = continued(checksum, bytes, sizeof bytes);
     }
-    return continued(0, bytes.data(), bytes.size());
+    return checksum;
+}
+
+} // namespace
+
+PictureChecksum::PictureChecksum(std::size_t width, std::size_t height)
+    : width_(width), pixels_(width * height),
+      rows_(height, rowChecksum(std::span(pixels_).first(width))), // All black at first.
+      shift_(makeRowShift(width * sizeof(std::uint16_t)))
+{
+}
+
+PictureChecksum::RowShift PictureChecksum::makeRowShift(std::size_t rowBytes)
+{
+    RowShift shift;
+    for (unsigned place = 0; place < shift.size(); ++place) {
+        for (std::uint32_t byte = 0; byte < shift[place].size(); ++byte) {
+            const uLong shifted = crc32_combine(byte << 8 * place, 0, static_cast<z_off_t>(rowBytes));
+            shift[place][byte] = static_cast<std::uint32_t>(shifted);
+        }
+    }
+    return shift;
+}
+
+std::uint32_t PictureChecksum::of(std::span<const std::uint16_t> pixels)
+{
+    std::uint32_t checksum = 0;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const auto now = pixels.subspan(row * width_, width_);
+        const auto before = std::span(pixels_).subspan(row * width_, width_);
+        if (std::memcmp(now.data(), before.data(), now.size_bytes()) != 0) {
+            std::copy(now.begin(), now.end(), before.begin());
+            rows_[row] = rowChecksum(now);
+        }
+        checksum = shift_[0][checksum & 0xFF] ^ shift_[1][checksum >> 8 & 0xFF] ^
+                   shift_[2][checksum >> 16 & 0xFF] ^ shift_[3][checksum >> 24] ^ rows_[row];
+    }
+    return checksum;
 }
 
 void RunningChecksum::add(std::uint32_t pictureChecksum)

@@ -31,7 +31,8 @@ bool openOutput(OutputFile &file, const std::string &path)
 } // namespace
 
 Playback::Playback(platform::VirtualDevice &device, const Options &options, const Script &script)
-    : device_(device), options_(options), script_(script), checks_(script, options.script)
+    : device_(device), options_(options), script_(script), checks_(script, options.script),
+      pictureChecksum_(device.display.cxWidth, device.display.cyHeight)
 {
 }
 
@@ -119,7 +120,7 @@ std::uint32_t Playback::addChecksum(std::span<const std::uint16_t> picture)
 {
     if (!trace_.isOpen() && options_.pin.empty() && !checks_.any())
         return 0;
-    const std::uint32_t checksum = pictureChecksum(picture);
+    const std::uint32_t checksum = pictureChecksum_.of(picture);
     checksum_.add(checksum);
     return checksum;
 }

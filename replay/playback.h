@@ -60,6 +60,7 @@ private:
     Film film_{filmFile_};
     Checks checks_;
     Pins pins_;
+    PictureChecksum pictureChecksum_;
     RunningChecksum checksum_;
     std::uint64_t frames_ = 0;
     std::vector<std::string> wantedSnapshots_; ///< Of the next frame.

@@ -8,6 +8,7 @@
 #include "platform/common/utf8.h"
 #include "platform/window.h"
 #include "replay/checksum.h"
+#include "replay/message_words.h"
 
 namespace replay
 {
@@ -93,14 +94,11 @@ std::uint32_t pointParameter(Words &words)
     return y << 16 | x;
 }
 
-template <std::uint32_t Number> Action pointMessage(Words &words)
+Action namedMessage(const MessageWord &named, Words &words)
 {
-    return Message{Number, 0, pointParameter(words)};
-}
-
-template <std::uint32_t Number> Action keyMessage(Words &words)
-{
-    return Message{Number, words.number("key code", kMaxWord16), 0};
+    if (named.isStylus)
+        return Message{named.number, 0, pointParameter(words)};
+    return Message{named.number, words.number("key code", kMaxWord16), 0};
 }
 
 Action anyMessage(Words &words)
@@ -145,20 +143,9 @@ struct Directive {
 };
 
 constexpr Directive kTimedDirectives[] = {
-    {"touch", pointMessage<platform::WM_LBUTTONDOWN>},
-    {"release", pointMessage<platform::WM_LBUTTONUP>},
-    {"move", pointMessage<platform::WM_MOUSEMOVE>},
-    {"key-down", keyMessage<platform::WM_KEYDOWN>},
-    {"key-up", keyMessage<platform::WM_KEYUP>},
-    {"background", background},
-    {"foreground", foreground},
-    {"message", anyMessage},
-    {"frame-cost", frameCost},
-    {"refresh", refresh},
-    {"check", check},
-    {"frame-buffer", frameBuffer},
-    {"snapshot", snapshot},
-    {"quit", quit},
+    {"background", background},    {"foreground", foreground}, {"message", anyMessage},
+    {"frame-cost", frameCost},     {"refresh", refresh},       {"check", check},
+    {"frame-buffer", frameBuffer}, {"snapshot", snapshot},     {"quit", quit},
 };
 
 struct HeaderDirective {
@@ -247,8 +234,15 @@ private:
         if (!script_.timeline.empty() && atMs < script_.timeline.back().atMs)
             throw Fault{"time " + std::to_string(atMs) + " is before the previous line's " +
                         std::to_string(script_.timeline.back().atMs)};
-        const std::string_view word = words.word("what happens");
-        script_.timeline.push_back({atMs, findDirective(kTimedDirectives, word)->read(words), line_});
+        script_.timeline.push_back({atMs, readAction(words.word("what happens"), words), line_});
+    }
+
+    static Action readAction(std::string_view word, Words &words)
+    {
+        const auto *named = std::ranges::find(kMessageWords, word, &MessageWord::word);
+        if (named != std::end(kMessageWords))
+            return namedMessage(*named, words);
+        return findDirective(kTimedDirectives, word)->read(words);
     }
 
     Script &script_;

@@ -25,6 +25,12 @@ void EventBus::dispatchAll()
     queue_.clear();
 }
 
+void EventBus::clear()
+{
+    subscribers_.clear();
+    queue_.clear();
+}
+
 void EventBus::deliver(const Event &event) const
 {
     const auto [first, last] = subscribers_.equal_range(event.type);

@@ -56,6 +56,9 @@ public:
     /// a listener.
     void dispatchAll();
 
+    /// Forgets all listeners and what is queued, for a program that another one follows in the same process.
+    void clear();
+
     /// Events that wait for delivery.
     std::size_t waiting() const { return queue_.size(); }
 

@@ -11,6 +11,7 @@
 #include "screens/screen_names.h"
 #include "screens/shop_screen.h"
 #include "shell/application.h"
+#include "shell/event_bus.h"
 
 namespace mygame
 {
@@ -58,7 +59,7 @@ Program::Program() : application_(std::make_unique<Application>())
     application_->setScreen(screen_names::kMainMenu);
 }
 
-Program::~Program() = default;
+Program::~Program() { EventBus::instance().clear(); }
 
 void Program::loadFonts()
 {
@@ -99,6 +100,8 @@ const char *Program::currentScreenName() const
     }
     return "";
 }
+
+bool Program::isInGame() const { return application_->currentScreen() == gameScreen_.get(); }
 
 void Program::run(platform::HINSTANCE instance, int showCommand)
 {

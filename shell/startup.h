@@ -44,6 +44,8 @@ public:
 
     /// The name by which the current screen is registered, never null.
     const char *currentScreenName() const;
+    /// Whether a game is on, and neither a menu, the shop nor the end is seen.
+    bool isInGame() const;
 
 private:
     struct NamedScreen {

@@ -15,7 +15,7 @@ constexpr int kLeastRate = 24;
 constexpr int kHighestRate = 500;
 
 /// What takes longer was no frame: the machine slept, or somebody stopped the process.
-constexpr std::chrono::seconds kLongestFrame{10};
+constexpr std::chrono::seconds kLongestFrame{9};
 
 } // namespace
 

@@ -20,6 +20,7 @@ public:
 
     /// In Hz, 1 or more: the grid is that of this rate from now on.
     void setRefreshRate(std::uint32_t rate) { rate_ = rate; }
+    std::uint32_t refreshRate() const { return rate_; }
 
     /// Whether the clock stands right before a refresh. A frame drawn now is not shown: it lets the program
     /// take in what the player did, for the one after it, which is.

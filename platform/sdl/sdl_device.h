@@ -39,6 +39,7 @@ public:
     std::uint32_t openDisplay() override;
     void closeDisplay() override { displayOpen_ = false; }
     GXDisplayProperties displayProperties() const override;
+    std::uint32_t displayRate() const override { return clock_.refreshRate(); }
     void *beginDraw() override { return displayOpen_ ? drawn_.data() : nullptr; }
     void endDraw() override;
 

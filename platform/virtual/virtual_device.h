@@ -89,6 +89,7 @@ public:
     std::uint32_t openDisplay() override { return displayError.value_or(0); }
     void closeDisplay() override {}
     GXDisplayProperties displayProperties() const override { return display; }
+    std::uint32_t displayRate() const override { return refreshRate; }
     bool isStandardDisplay() const override { return standardDisplay; }
     void *beginDraw() override;
     void endDraw() override;

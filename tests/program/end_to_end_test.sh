@@ -56,4 +56,8 @@ tap 120 205
 wait_for "the program to end after \"Exit\"" ended "$game"
 wait "$game" || fail "exit code $?"
 [ "$(cat first/log.txt)" = "$expected_log" ] || fail "the log: $(cat first/log.txt)"
-echo "a game was played, left, resumed and ended"
+recording=$(echo first/recordings/*.mygame)
+[ "$(grep -c ' check ' "$recording")" -ge 5 ] || fail "the recording holds too few checks: $(cat "$recording")"
+"$programs/replay" "$recording" || fail "the recording, played, shows something else: $(cat "$recording")"
+[ ! -e second/recordings ] || fail "a copy in which no game was begun left a recording"
+echo "a game was played, left, resumed, ended and played again from its recording"

@@ -1,0 +1,71 @@
+/// What a recording of a run says, and that it shows the same frames.
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include "platform/virtual/virtual_device.h"
+#include "replay/options.h"
+#include "replay/playback.h"
+#include "replay/recording_device.h"
+#include "shell/startup.h"
+#include "tests/replay/replay_run.h"
+
+namespace mygame::tests
+{
+namespace
+{
+
+struct Lines : replay::RecordingOutput {
+    void write(std::string_view lines) override { text += lines; }
+    std::string text;
+};
+
+/// What a recording of the run by a script says.
+std::string recordingOf(const std::string &text)
+{
+    replay::Script script;
+    EXPECT_FALSE(parseScript(text, script));
+    platform::VirtualDevice device;
+    device.dataFolder = DATA_FOLDER;
+    const replay::Options options;
+    replay::Playback playback(device, options, script);
+    playback.prepare();
+    Lines lines;
+    replay::RecordingDevice recording(device, lines, "# a recording\n");
+    platform::useDevice(recording);
+    bool standsStill = false;
+    device.onStandstill = [&standsStill] { standsStill = true; };
+    {
+        Program program;
+        playback.watch(program);
+        if (program.begin(nullptr, platform::SW_SHOW)) {
+            while (program.runPass() && !standsStill) {
+                if (program.isInGame())
+                    recording.keep();
+            }
+            program.end();
+        }
+    }
+    recording.keep();
+    recording.finish();
+    // A run without end is of no use to whoever plays.
+    return standsStill ? "" : lines.text;
+}
+
+using Recording = ReplayTest;
+
+TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
+{
+    for (const auto &game : std::filesystem::directory_iterator(REPLAYS_FOLDER)) {
+        if (game.path().extension() != ".txt")
+            continue;
+        SCOPED_TRACE(game.path());
+        play(recordingOf(readFile(game.path())));
+        EXPECT_EQ(run.exit, 0) << run.errors;
+    }
+}
+
+} // namespace
+} // namespace mygame::tests

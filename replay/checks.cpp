@@ -1,12 +1,11 @@
 #include "replay/checks.h"
 
-#include <iostream>
 #include <utility>
 
 namespace replay
 {
 
-Checks::Checks(const Script &script, std::string path) : path_(std::move(path))
+Checks::Checks(const Script &script, Report reportUnmet) : report_(std::move(reportUnmet))
 {
     for (const TimedAction &timed : script.timeline) {
         if (const auto *check = std::get_if<Check>(&timed.action))
@@ -31,8 +30,7 @@ void Checks::finish(std::uint64_t frames)
 void Checks::reportUnmet(const Expected &check, std::uint64_t frame)
 {
     areMet_ = false;
-    std::cerr << path_ << ':' << check.line << ": the pictures are not those recorded, here or before: frame "
-              << frame << '\n';
+    report_(check.line, frame);
 }
 
 } // namespace replay

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <functional>
 #include <vector>
 
 #include "replay/script.h"
@@ -9,12 +9,15 @@
 namespace replay
 {
 
-/// The checks of a script, held against the frames that are shown. What is not met is said on standard error.
+/// The checks of a script, held against the frames that are shown.
 class Checks
 {
 public:
-    /// `path` is the script's name in what is said.
-    Checks(const Script &script, std::string path);
+    /// Told once of each check that is not met: its line in the script, from 1, and the frame that should
+    /// have met it.
+    using Report = std::function<void(std::size_t line, std::uint64_t frame)>;
+
+    Checks(const Script &script, Report reportUnmet);
 
     bool any() const { return !checks_.empty(); }
 
@@ -37,7 +40,7 @@ private:
 
     void reportUnmet(const Expected &check, std::uint64_t frame);
 
-    std::string path_;
+    Report report_;
     std::vector<Expected> checks_; ///< In the script's order.
     std::size_t due_ = 0;          ///< So many of them were due,
     std::size_t compared_ = 0;     ///< and so many have seen their frame.

@@ -1,17 +1,15 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <vector>
+#include <span>
 
 #include "platform/virtual/virtual_device.h"
-#include "replay/checks.h"
-#include "replay/checksum.h"
 #include "replay/film.h"
 #include "replay/options.h"
 #include "replay/output_file.h"
 #include "replay/pins.h"
 #include "replay/script.h"
+#include "replay/scripted_run.h"
 #include "shell/startup.h"
 
 namespace replay
@@ -42,13 +40,10 @@ public:
     bool close();
 
     /// Whether all the script's checks were met. After `close`.
-    bool checksMet() const { return checks_.areMet(); }
+    bool checksMet() const { return checksMet_; }
 
 private:
-    void carryOut(const Action &action);
-    void followFrame(mygame::Program &program);
-    /// The checksum of the frame shown, added to the running one; 0 where nobody asks for it.
-    std::uint32_t addChecksum(std::span<const std::uint16_t> picture);
+    void followFrame(mygame::Program &program, const ShownFrame &frame);
     void writeSnapshots(std::span<const std::uint16_t> picture);
     void writePinned();
 
@@ -58,12 +53,9 @@ private:
     OutputFile trace_;
     OutputFile filmFile_;
     Film film_{filmFile_};
-    Checks checks_;
     Pins pins_;
-    PictureChecksum pictureChecksum_;
-    RunningChecksum checksum_;
-    std::uint64_t frames_ = 0;
-    std::vector<std::string> wantedSnapshots_; ///< Of the next frame.
+    ScriptedRun run_;
+    bool checksMet_ = true;
     bool failed_ = false;
 };
 

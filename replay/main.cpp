@@ -1,7 +1,6 @@
 /// `replay`: runs the whole program on the virtual device, as a script says, and writes down what it shows.
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <string>
 
@@ -10,6 +9,7 @@
 #include "replay/options.h"
 #include "replay/playback.h"
 #include "replay/script.h"
+#include "replay/script_file.h"
 #include "shell/startup.h"
 
 namespace
@@ -18,30 +18,6 @@ namespace
 constexpr int kExitBadUse = 2;
 constexpr int kExitStandstill = 3;
 constexpr int kExitUnmetCheck = 4;
-
-/// @return false when the file cannot be read to its end, as a folder never can.
-bool readFile(const std::string &path, std::string &text)
-{
-    std::ifstream file(path, std::ios::binary);
-    char chunk[4096];
-    while (file.read(chunk, sizeof chunk), file.gcount() > 0)
-        text.append(chunk, static_cast<std::size_t>(file.gcount()));
-    return file.eof();
-}
-
-/// @return false, with a line on standard error, when the script cannot be read or has a fault.
-bool loadScript(const std::string &path, replay::Script &script)
-{
-    std::string text;
-    if (!readFile(path, text)) {
-        std::cerr << "replay: cannot read the script '" << path << "'\n";
-        return false;
-    }
-    const auto fault = replay::parseScript(text, script);
-    if (fault)
-        std::cerr << path << ':' << fault->line << ": " << fault->what << '\n';
-    return !fault;
-}
 
 /// @return false, with a line on standard error, when the folder cannot be read.
 bool checkDataFolder(const std::string &folder)
@@ -98,8 +74,10 @@ int main(int argumentCount, char **arguments)
         return std::cout.flush() ? EXIT_SUCCESS : kExitBadUse;
     }
     replay::Script script;
-    if (!loadScript(options->script, script))
+    if (const std::string fault = replay::loadScript(options->script, script); !fault.empty()) {
+        std::cerr << fault << '\n';
         return kExitBadUse;
+    }
     if (options->dataFolder.empty())
         options->dataFolder = executableFolder();
     return play(*options, script);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/common/executable_path.h"
+#include "platform/common/file_path.h"
 #include "platform/virtual/virtual_device.h"
 #include "replay/options.h"
 #include "replay/playback.h"
@@ -22,7 +23,7 @@ constexpr int kExitUnmetCheck = 4;
 /// @return false when the file cannot be read to its end, as a folder never can.
 bool readFile(const std::string &path, std::string &text)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(platform::common::filePath(path), std::ios::binary);
     char chunk[4096];
     while (file.read(chunk, sizeof chunk), file.gcount() > 0)
         text.append(chunk, static_cast<std::size_t>(file.gcount()));
@@ -47,7 +48,7 @@ bool loadScript(const std::string &path, replay::Script &script)
 bool checkDataFolder(const std::string &folder)
 {
     std::error_code error;
-    const std::filesystem::directory_iterator readable(folder, error);
+    const std::filesystem::directory_iterator readable(platform::common::filePath(folder), error);
     if (error)
         std::cerr << "replay: cannot read the data folder '" << folder << "': " << error.message() << '\n';
     return !error;
@@ -55,7 +56,8 @@ bool checkDataFolder(const std::string &folder)
 
 std::string executableFolder()
 {
-    return std::filesystem::path(platform::common::executablePath()).parent_path().string();
+    const std::string path = platform::common::executablePath();
+    return path.substr(0, path.rfind('/'));
 }
 
 void runProgram(replay::Playback &playback)

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/common/device_path.h"
+#include "platform/common/file_path.h"
 #include "replay/picture_file.h"
 #include "replay/trace.h"
 
@@ -44,7 +45,7 @@ Playback::~Playback()
 bool Playback::open()
 {
     std::error_code error;
-    std::filesystem::create_directories(options_.snapshotFolder, error);
+    std::filesystem::create_directories(platform::common::filePath(options_.snapshotFolder), error);
     if (error) {
         std::cerr << "replay: cannot make the folder '" << options_.snapshotFolder << "': " << error.message()
                   << '\n';

@@ -5,6 +5,7 @@
 #include <new>
 #include <system_error>
 
+#include "platform/common/file_path.h"
 #include "platform/image_files.h"
 
 namespace platform::common
@@ -43,7 +44,7 @@ bool Picture::allocate(std::uint32_t newWidth, std::uint32_t newHeight)
 bool decodePicture(const std::string &hostPath, Picture &picture)
 {
     std::error_code error;
-    const bool isFile = std::filesystem::is_regular_file(hostPath, error);
+    const bool isFile = std::filesystem::is_regular_file(filePath(hostPath), error);
     const File file(isFile ? std::fopen(hostPath.c_str(), "rb") : nullptr);
     unsigned char start[sizeof kPngSignature] = {};
     if (!file || std::fread(start, sizeof start, 1, file.get()) != 1)

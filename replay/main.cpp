@@ -57,7 +57,7 @@ bool checkDataFolder(const std::string &folder)
 std::string executableFolder()
 {
     const std::string path = platform::common::executablePath();
-    return path.substr(0, path.rfind('/'));
+    return path.substr(0, path.rfind('/') + 1);
 }
 
 void runProgram(replay::Playback &playback)

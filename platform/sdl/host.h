@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "platform/clock.h"
 #include "platform/sdl/presenter.h"
@@ -23,6 +24,13 @@ public:
 
     /// The time for which the machine has been running.
     virtual Tick machineTick() const = 0;
+
+    /// The user's folder for what the program writes, made if absent; where it cannot be had, one in which
+    /// nothing can be made. Empty where one folder is as good as another.
+    virtual std::string stateFolder() { return {}; }
+
+    /// Lets what the program writes to standard output reach the terminal from which it was started.
+    virtual void reachTerminal() {}
 
     /// Takes the place of the one running copy unless another copy has it. @return whether one has. Where
     /// copies cannot find each other, every one is alone.

@@ -10,6 +10,7 @@
 #include "platform/sdl/linux/graphics_probe.h"
 #include "platform/sdl/linux/held_keys.h"
 #include "platform/sdl/linux/single_instance.h"
+#include "platform/sdl/linux/state_folder.h"
 #include "platform/sdl/linux/termination.h"
 #include "platform/sdl/linux/window_manager.h"
 #include "platform/sdl/surface_presenter.h"
@@ -38,6 +39,8 @@ public:
         clock_gettime(CLOCK_BOOTTIME, &time);
         return static_cast<Tick>(time.tv_sec * 1000 + time.tv_nsec / 1000000);
     }
+
+    std::string stateFolder() override { return platform::stateFolder(); }
 
     bool isOtherCopyRunning() override { return singleInstance_.isOtherRunning(); }
     void raiseOtherCopy() override { SingleInstance::raiseOther(); }

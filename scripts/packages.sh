@@ -10,6 +10,7 @@ CROSS_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf g++-s390x-linux-gnu qemu-
 FUZZ_PACKAGES="$TEST_PACKAGES clang libclang-rt-dev llvm"
 LIBRARY_PACKAGES="cmake dpkg-dev ninja-build"
 WINDOWS_PACKAGES="$LIBRARY_PACKAGES g++-mingw-w64-x86-64-posix zip"
+WINDOWS_TEST_PACKAGES="$WINDOWS_PACKAGES $TEST_PACKAGES unzip wine wine64"
 WEB_PACKAGES="$LIBRARY_PACKAGES emscripten"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
 

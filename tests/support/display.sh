@@ -43,6 +43,7 @@ start_display()
     kill -0 $server
     export DISPLAY=:$number
     unset WAYLAND_DISPLAY
+    export XDG_STATE_HOME=$work/state
     # What SDL leaves to the end of the process in there is not ours to free.
     echo leak:libdbus-1 > "$work/known_leaks"
     export LSAN_OPTIONS=suppressions=$work/known_leaks:print_suppressions=0
@@ -112,11 +113,23 @@ draw_menus()
     (cd "$work" && "$programs/replay" "$support/menus.txt" --snapshots "$menus")
 }
 
-# start FOLDER [COMMAND...]: the game with that current folder, after the command; sets $game when its window is
-# there.
+# install FOLDER: the game with its data in a folder of its own, which is where it writes. Nothing where it is there.
+install()
+{
+    [ ! -e "$1/mygame" ] || return 0
+    local file
+    mkdir -p "$1"
+    for file in "$programs"/*.png "$programs"/*.jpg "$programs"/*.wav; do
+        ln -sf "$file" "$1"
+    done
+    cp "$programs/mygame" "$1"
+}
+
+# start FOLDER [COMMAND...]: the game that is installed there, after the command; sets $game when its window is there.
 start()
 {
-    (cd "$1" && "${@:2}" && exec "$programs/mygame") &
+    install "$1"
+    (cd "$1" && "${@:2}" && exec "$1/mygame") &
     game=$!
     wait_for "the window" find_window
 }

@@ -1,13 +1,14 @@
 /// `mygame`: the program in a window.
 #include <algorithm>
+#include <cstdio>
 #include <ctime>
-#include <filesystem>
-#include <iostream>
 #include <string>
 #include <string_view>
-#include <system_error>
+#include <unistd.h>
 
-#include "platform/common/device_path.h"
+#include "platform/common/executable_path.h"
+#include "platform/common/files.h"
+#include "platform/sdl/host.h"
 #include "platform/sdl/sdl_device.h"
 #include "replay/recording_device.h"
 #include "replay/recording_file.h"
@@ -22,26 +23,33 @@ constexpr int kExitBadUse = 2;
 constexpr char kRecordingsFolder[] = "recordings";
 constexpr std::size_t kRecordings = 20;
 
-constexpr std::string_view kHelp = "usage: mygame\n"
-                                   "Defend the Earth against falling asteroids.\n"
-                                   "\n"
-                                   "  --help     show this\n"
-                                   "  --version  show the version\n"
-                                   "\n"
-                                   "Tap or click to fire. F11 or Alt+Enter is full screen and back, Escape\n"
-                                   "twice leaves.\n";
+constexpr char kHelp[] = "usage: mygame\n"
+                         "Defend the Earth against falling asteroids.\n"
+                         "\n"
+                         "  --help     show this\n"
+                         "  --version  show the version\n"
+                         "\n"
+                         "Tap or click to fire. F11 or Alt+Enter is full screen and back, Escape\n"
+                         "twice leaves.\n";
 
-/// Whether any of the program's pictures lies in a folder.
-bool hasPictures(const std::filesystem::path &folder)
+/// Whether a file is one of the program's pictures.
+bool isPicture(const std::string &name)
 {
-    std::error_code error;
-    const auto isPicture = [](const std::filesystem::directory_entry &entry) {
-        const std::filesystem::path name = entry.path().filename();
-        return (name.extension() == ".png" || name.extension() == ".jpg") &&
-               !name.string().starts_with("icon");
-    };
-    const std::filesystem::directory_iterator entries(folder, error);
-    return std::any_of(begin(entries), end(entries), isPicture);
+    return (name.ends_with(".png") || name.ends_with(".jpg")) && !name.starts_with("icon");
+}
+
+bool canWriteInto(const std::string &folder)
+{
+    std::FILE *log = std::fopen((folder + "log.txt").c_str(), "a");
+    return log && std::fclose(log) == 0;
+}
+
+/// Goes where what the program writes belongs: beside it where that is an unpacked archive, and otherwise
+/// into the user's folder. Where it cannot, it stays.
+void enterStateFolder(const std::string &folder, bool hasPictures, platform::SdlDevice &device)
+{
+    const bool isUnpacked = hasPictures && canWriteInto(folder);
+    static_cast<void>(chdir(isUnpacked ? folder.c_str() : device.stateFolder().c_str()));
 }
 
 std::string recordingComments()
@@ -74,12 +82,15 @@ int play()
     replay::RecordingFile file(kRecordingsFolder, kRecordings);
     replay::RecordingDevice recording(device, file, recordingComments());
     platform::useDevice(recording);
-    const std::filesystem::path program = platform::common::toHostPath(device.programPath());
-    if (!hasPictures(program.parent_path()))
-        std::cerr << "mygame: no pictures in " << program.parent_path() << "; nothing will be drawn\n";
+    const std::string program = platform::common::executablePath();
+    const std::string folder = program.substr(0, program.rfind('/') + 1);
+    const bool hasPictures = std::ranges::any_of(platform::common::fileNames(folder), isPicture);
+    if (!hasPictures)
+        std::fprintf(stderr, "mygame: no pictures in \"%s\"; nothing will be drawn\n", folder.c_str());
+    enterStateFolder(folder, hasPictures, device);
     runProgram(recording);
     if (!device.windowError().empty())
-        std::cerr << "mygame: cannot open a window: " << device.windowError() << '\n';
+        std::fprintf(stderr, "mygame: cannot open a window: %s\n", device.windowError().c_str());
     return 0;
 }
 
@@ -89,15 +100,13 @@ int main(int argumentCount, char **arguments)
 {
     if (argumentCount == 1)
         return play();
+    platform::makeHost()->reachTerminal();
     const std::string_view argument = arguments[1];
     if (argumentCount > 2 || (argument != "--help" && argument != "--version")) {
-        std::cerr << "mygame: unknown argument '" << arguments[argumentCount > 2 ? 2 : 1]
-                  << "'; see mygame --help\n";
+        std::fprintf(stderr, "mygame: unknown argument '%s'; see mygame --help\n",
+                     arguments[argumentCount > 2 ? 2 : 1]);
         return kExitBadUse;
     }
-    if (argument == "--help")
-        std::cout << kHelp;
-    else
-        std::cout << "mygame " MYGAME_VERSION "\n";
+    std::fputs(argument == "--help" ? kHelp : "mygame " MYGAME_VERSION "\n", stdout);
     return 0;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/common/executable_path.h"
+#include "platform/common/file_path.h"
 #include "platform/virtual/virtual_device.h"
 #include "replay/options.h"
 #include "replay/playback.h"
@@ -23,7 +24,7 @@ constexpr int kExitUnmetCheck = 4;
 bool checkDataFolder(const std::string &folder)
 {
     std::error_code error;
-    const std::filesystem::directory_iterator readable(folder, error);
+    const std::filesystem::directory_iterator readable(platform::common::filePath(folder), error);
     if (error)
         std::cerr << "replay: cannot read the data folder '" << folder << "': " << error.message() << '\n';
     return !error;
@@ -31,7 +32,8 @@ bool checkDataFolder(const std::string &folder)
 
 std::string executableFolder()
 {
-    return std::filesystem::path(platform::common::executablePath()).parent_path().string();
+    const std::string path = platform::common::executablePath();
+    return path.substr(0, path.rfind('/') + 1);
 }
 
 void runProgram(replay::Playback &playback)

@@ -5,6 +5,8 @@
 #include <iostream>
 #include <utility>
 
+#include "platform/common/standard_output.h"
+
 namespace replay
 {
 namespace
@@ -29,6 +31,7 @@ bool OutputFile::open(const std::string &path)
 
 void OutputFile::openStandardOutput()
 {
+    platform::common::keepStandardOutputBytes();
     path_ = "-";
     file_ = stdout;
 }

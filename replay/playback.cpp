@@ -4,6 +4,7 @@
 #include <iostream>
 #include <span>
 
+#include "platform/common/file_path.h"
 #include "replay/picture_file.h"
 #include "replay/trace.h"
 
@@ -37,7 +38,7 @@ Playback::~Playback() { device_.onPoll = nullptr; }
 bool Playback::open()
 {
     std::error_code error;
-    std::filesystem::create_directories(options_.snapshotFolder, error);
+    std::filesystem::create_directories(platform::common::filePath(options_.snapshotFolder), error);
     if (error) {
         std::cerr << "replay: cannot make the folder '" << options_.snapshotFolder << "': " << error.message()
                   << '\n';

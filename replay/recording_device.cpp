@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "platform/common/device_path.h"
+#include "platform/common/files.h"
 #include "platform/common/refresh_grid.h"
 #include "replay/message_words.h"
 
@@ -133,8 +132,7 @@ std::uint32_t RecordingDevice::openDisplay()
 std::string RecordingDevice::hostFile(const std::u16string &path) const
 {
     std::string file = device_.hostFile(path);
-    std::error_code error;
-    if (!header_.empty() && !std::filesystem::is_regular_file(file, error))
+    if (!header_.empty() && !platform::common::isRegularFile(file))
         header_ += "hide " + platform::common::toHostPath(path.substr(path.rfind(u'\\') + 1)) + '\n';
     return file;
 }

@@ -5,18 +5,20 @@
 #include <condition_variable>
 #include <cstdio>
 #include <ctime>
-#include <filesystem>
+#include <functional>
 #include <mutex>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 #include <vector>
+
+#include "platform/common/files.h"
+#include "platform/common/folders.h"
 
 namespace replay
 {
 namespace
 {
-
-namespace fs = std::filesystem;
 
 constexpr std::chrono::seconds kLongestFarewell{1};
 /// Of lines that wait for the disk; more than that are given up together with the rest of the recording.
@@ -37,37 +39,39 @@ std::string nameOfNow()
     return name;
 }
 
-void removeOldest(const fs::path &folder, std::size_t kept)
+bool isRecording(const std::string &name) { return name.ends_with(kRecordingSuffix); }
+
+void removeOldest(const std::string &folder, std::size_t kept)
 {
-    std::error_code error;
-    std::vector<fs::path> recordings;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        if (entry->path().extension() == kRecordingSuffix)
-            recordings.push_back(entry->path());
-    }
-    if (recordings.size() <= kept)
-        return;
-    std::ranges::sort(recordings);
-    for (std::size_t i = 0; i < recordings.size() - kept; ++i)
-        fs::remove(recordings[i], error);
+    std::vector<std::string> names = platform::common::fileNames(folder);
+    names.erase(std::remove_if(names.begin(), names.end(), std::not_fn(isRecording)), names.end());
+    std::ranges::sort(names);
+    for (std::size_t i = 0; i + kept < names.size(); ++i)
+        std::remove((folder + '/' + names[i]).c_str());
 }
 
 /// A name that no other recording has, that of the same second included.
-fs::path freePath(const fs::path &folder)
+std::string freePath(const std::string &folder)
 {
-    const std::string name = nameOfNow();
-    fs::path path = folder / (name + std::string(kRecordingSuffix));
-    std::error_code error;
-    for (int number = 2; fs::exists(path, error); ++number)
-        path = folder / (name + ' ' + std::to_string(number) + std::string(kRecordingSuffix));
+    const std::string name = folder + '/' + nameOfNow();
+    std::string path = name + std::string(kRecordingSuffix);
+    for (int number = 2; platform::common::isRegularFile(path); ++number)
+        path = name + ' ' + std::to_string(number) + std::string(kRecordingSuffix);
     return path;
+}
+
+std::string makePlace(const std::string &folder, std::size_t newest)
+{
+    platform::common::makeFolder(folder);
+    removeOldest(folder, newest - 1);
+    return freePath(folder);
 }
 
 /// A file that holds whole lines only, whatever ends the program and however full the disk is.
 class LineFile
 {
 public:
-    explicit LineFile(const fs::path &path) : path_(path), file_(std::fopen(path.string().c_str(), "wb"))
+    explicit LineFile(std::string path) : path_(std::move(path)), file_(std::fopen(path_.c_str(), "wb"))
     {
         if (file_)
             std::setvbuf(file_.get(), nullptr, _IONBF, 0);
@@ -78,28 +82,19 @@ public:
         if (!file_)
             return false;
         if (std::fwrite(lines.data(), 1, lines.size(), file_.get()) == lines.size()) {
-            size_ += lines.size();
+            size_ += static_cast<off_t>(lines.size());
             return true;
         }
         file_.reset();
-        std::error_code error;
-        fs::resize_file(path_, size_, error);
+        static_cast<void>(truncate(path_.c_str(), size_));
         return false;
     }
 
 private:
-    fs::path path_;
+    std::string path_;
     File file_;
-    std::uintmax_t size_ = 0;
+    off_t size_ = 0;
 };
-
-fs::path makePlace(const fs::path &folder, std::size_t newest)
-{
-    std::error_code error;
-    fs::create_directories(folder, error);
-    removeOldest(folder, newest - 1);
-    return freePath(folder);
-}
 
 } // namespace
 

@@ -120,6 +120,15 @@ build_jpeg()
     build_library libjpeg-turbo -DENABLE_SHARED=OFF -DWITH_TURBOJPEG=OFF -DWITH_ARITH_DEC=OFF -DWITH_ARITH_ENC=OFF "$@"
 }
 
+# keep_only_what_is_called: of SDL, which otherwise refers to all its functions so that somebody could exchange it. That can
+# be changed in the source alone.
+keep_only_what_is_called()
+{
+    [ ! -e "$prefix/built/libsdl2" ] || return 0
+    fetch libsdl2
+    sed -i 's/^#define SDL_DYNAMIC_API 1$/#define SDL_DYNAMIC_API 0/' "$sources/libsdl2/src/dynapi/SDL_dynapi.h"
+}
+
 # shellcheck disable=SC2086 # one word an option
 build_sdl() { build_library libsdl2 -DSDL_SHARED=OFF -DSDL_STATIC=ON -DSDL_TEST=OFF $sdl_left_out "$@"; }
 
@@ -133,6 +142,7 @@ windows)
     build_zlib
     build_png
     build_jpeg -DWITH_SIMD=OFF
+    keep_only_what_is_called
     build_sdl
     ;;
 web)

@@ -10,7 +10,9 @@ CROSS_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf g++-s390x-linux-gnu qemu-
 FUZZ_PACKAGES="$TEST_PACKAGES clang libclang-rt-dev llvm"
 LIBRARY_PACKAGES="cmake dpkg-dev ninja-build"
 WINDOWS_PACKAGES="$LIBRARY_PACKAGES g++-mingw-w64-x86-64-posix zip"
+WINDOWS_TEST_PACKAGES="$WINDOWS_PACKAGES $TEST_PACKAGES unzip wine wine64"
 WEB_PACKAGES="$LIBRARY_PACKAGES emscripten"
+FILM_PACKAGES="$PLAY_PACKAGES ffmpeg"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
 
 # Where Debian's package has it.

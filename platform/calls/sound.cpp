@@ -1,8 +1,6 @@
 #include "platform/sound.h"
 
-#include <filesystem>
-#include <system_error>
-
+#include "platform/common/files.h"
 #include "platform/device.h"
 
 namespace platform
@@ -11,8 +9,7 @@ namespace platform
 BOOL PlaySoundW(const char16_t *path, void *, std::uint32_t)
 {
     const std::string file = device().hostFile(path);
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error))
+    if (!common::isRegularFile(file))
         return 0;
     device().startSound(file);
     return 1;

@@ -1,10 +1,9 @@
 #include "platform/common/picture.h"
 
 #include <cstring>
-#include <filesystem>
 #include <new>
-#include <system_error>
 
+#include "platform/common/files.h"
 #include "platform/image_files.h"
 
 namespace platform::common
@@ -42,9 +41,7 @@ bool Picture::allocate(std::uint32_t newWidth, std::uint32_t newHeight)
 
 bool decodePicture(const std::string &hostPath, Picture &picture)
 {
-    std::error_code error;
-    const bool isFile = std::filesystem::is_regular_file(hostPath, error);
-    const File file(isFile ? std::fopen(hostPath.c_str(), "rb") : nullptr);
+    const File file(isRegularFile(hostPath) ? std::fopen(hostPath.c_str(), "rb") : nullptr);
     unsigned char start[sizeof kPngSignature] = {};
     if (!file || std::fread(start, sizeof start, 1, file.get()) != 1)
         return false;

@@ -1,11 +1,13 @@
 /// What SDL leaves to each host: Linux, Windows, the browser. A host is a folder beside this header.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <string>
 
 #include "platform/clock.h"
+#include "platform/sdl/presenter.h"
 
-struct SDL_Window;
 union SDL_Event;
 
 namespace platform
@@ -22,6 +24,13 @@ public:
 
     /// The time for which the machine has been running.
     virtual Tick machineTick() const = 0;
+
+    /// The user's folder for what the program writes, made if absent; where it cannot be had, one in which
+    /// nothing can be made. Empty where one folder is as good as another.
+    virtual std::string stateFolder() { return {}; }
+
+    /// Lets what the program writes to standard output reach the terminal from which it was started.
+    virtual void reachTerminal() {}
 
     /// Takes the place of the one running copy unless another copy has it. @return whether one has. Where
     /// copies cannot find each other, every one is alone.
@@ -43,9 +52,11 @@ public:
     /// Shows or hides the window, even where the display goes meanwhile.
     virtual void showWindow(SDL_Window *window, bool visible) = 0;
 
-    /// Whether there is a graphics processor with a driver of its own; drawing emulated by the main processor
-    /// does not count. SDL's video must be running.
-    virtual bool hasGraphicsProcessor() = 0;
+    /// SDL's flags for a window in which the presenter below can show frames. SDL's video must be running.
+    virtual std::uint32_t windowFlags() { return 0; }
+    /// What shows frames best on this machine, in a window made with those flags. It may turn out not to be
+    /// ready, where there is nothing better. The window must outlive it.
+    virtual std::unique_ptr<Presenter> makePresenter(SDL_Window *window) = 0;
 
     /// Whether something moves, sizes and layers windows when a program asks for that.
     virtual bool hasWindowManager(SDL_Window *) const { return true; }

@@ -46,6 +46,9 @@ public:
     /// Why the window could not be made; empty while nobody tried, and when it could.
     const std::string &windowError() const { return windowError_; }
 
+    /// Where the program may write what does not belong beside it; see `Host::stateFolder`.
+    std::string stateFolder() { return host_->stateFolder(); }
+
     std::u16string programPath() const override;
     std::string hostFile(const std::u16string &path) const override;
     void startSound(const std::string &hostFile) override { sound_.play(hostFile); }

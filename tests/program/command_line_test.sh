@@ -42,7 +42,7 @@ is_quiet_until_quit ""
 
 mkdir bare
 cp "$programs/mygame" bare
-(programs=$work/bare is_quiet_until_quit "mygame: no pictures in \"$work/bare\"; nothing will be drawn")
+(programs=$work/bare is_quiet_until_quit "mygame: no pictures in \"$work/bare/\"; nothing will be drawn")
 
 # Copies find each other on one display only.
 (exec "$programs/mygame") &

@@ -12,7 +12,6 @@ cd "$work"
 
 draw_menus
 
-mkdir first second
 expected_log=$'InitOpening display...\nDisplay properties:\nScreen Width:240\nScreen Height: 320\nBPP: 16\n'
 expected_log+=$'Format: 128\nStandard display\nMain loop stopped'
 
@@ -24,7 +23,7 @@ leave_game()
     wait_for "the main menu with \"Resume\"" shows "$menus/resumable.png"
 }
 
-start first
+start "$work/first"
 start_game
 for x in 60 120 180; do
     tap $x 120
@@ -33,7 +32,8 @@ done
 xdotool key shift Tab a ctrl+Escape
 wait_for "the game to go on after keys that are not the game's" in_game
 leave_game
-(cd second && timeout 20 "$programs/mygame") || fail "the second copy ended with exit code $?"
+install second
+timeout 20 second/mygame || fail "the second copy ended with exit code $?"
 [ "$(cat second/log.txt)" = "InitInit Failed" ] || fail "the second copy's log: $(cat second/log.txt)"
 kill -0 $game || fail "the first copy has ended"
 

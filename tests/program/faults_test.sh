@@ -39,27 +39,57 @@ test_kill()
 {
     new_folder
     cp "$programs/mygame" "$folder"
-    programs=$folder start "$folder"
+    start "$folder"
     make_noise
     kill -KILL $game
     wait $game 2> /dev/null || true
+    rm "$folder/mygame"
     start "$folder"
     wait_for "a picture after the start that followed a violent end" shows "$menus/top.png"
     stop "after a start that followed a violent end"
 }
 
-# Folders into which no log can be written: the first is gone, and nobody writes into the second.
-test_folders()
+leave_for_folder_that_goes()
 {
+    mkdir "$work/gone"
+    cd "$work/gone"
+    rmdir "$work/gone"
+}
+
+leave_for_folder_elsewhere() { cd "$elsewhere"; }
+
+# Where the log goes: never to where the program was started. What is changed of the environment is for this test alone.
+test_folders()
+(
+    local installed elsewhere=$work/elsewhere home=$work/home
+    mkdir "$elsewhere" "$home"
     new_folder
-    start "$folder" rmdir "$folder"
-    folder=none
+    start "$folder" leave_for_folder_that_goes
     wait_for "a picture in a folder that is gone" shows "$menus/top.png"
     stop "in a folder that is gone"
-    start /proc
+
+    installed=$folder
+    rm "$installed/log.txt"
+    make_read_only "$installed"
+    for folder in "$XDG_STATE_HOME/mygame" "$home/.local/state/mygame"; do
+        [ "$folder" = "$XDG_STATE_HOME/mygame" ] || export XDG_STATE_HOME=relative HOME=$home
+        start "$installed" leave_for_folder_elsewhere
+        stop "with the log in $folder"
+        [ "$(stat -c %a "$folder")" = 700 ] || fail "others may read $folder"
+    done
+
+    rm -r "$home/.local"
+    make_read_only "$home"
+    folder=none
+    start "$installed" leave_for_folder_elsewhere
     start_game
-    stop "in a folder that cannot be written"
-}
+    stop "in a home that cannot be written"
+    unset HOME
+    start "$installed" leave_for_folder_elsewhere
+    stop "without a home"
+    [ -z "$(find "$elsewhere" "$home" -type f)" ] || fail "files: $(find "$elsewhere" "$home" -type f)"
+    umount "$installed" "$home"
+)
 
 # Lets no file grow beyond a kilobyte: writing more fails.
 limit_files()
@@ -104,8 +134,9 @@ test_copies()
     for round in $(seq 10); do
         copies=
         for number in 1 2 3; do
-            mkdir -p "$work/$round/$number"
-            (cd "$work/$round/$number" && exec "$programs/mygame") &
+            install "$work/copies/$number"
+            rm -f "$work/copies/$number/log.txt"
+            "$work/copies/$number/mygame" &
             copies="$copies $!"
         done
         wait_for "all copies but one to end" one_is_left
@@ -116,9 +147,9 @@ test_copies()
         for copy in $copies; do
             [ "$copy" = "$game" ] || wait "$copy" || fail "round $round: a copy too many: exit code $?"
         done
-        [ "$(grep -l 'InitInit Failed' "$work/$round"/*/log.txt | wc -l)" -eq 2 ] ||
+        [ "$(grep -l 'InitInit Failed' "$work/copies"/*/log.txt | wc -l)" -eq 2 ] ||
             fail "round $round: not two of the three copies say that they found another"
-        folder=$(dirname "$(grep -L 'InitInit Failed' "$work/$round"/*/log.txt)")
+        folder=$(dirname "$(grep -L 'InitInit Failed' "$work/copies"/*/log.txt)")
         stop "round $round of the copies"
     done
 }
@@ -156,7 +187,8 @@ test_loss_of_display()
     begin
     start_window_manager
     kill -STOP $manager # Now nobody shows the window, for which the game waits.
-    (cd "$folder" && exec "$programs/mygame") &
+    install "$folder"
+    "$folder/mygame" &
     game=$!
     folder=none # Its log is cut short: there is no main loop yet that could stop.
     wait_for "the window" xdotool search --name '^MyGame$' > /dev/null

@@ -7,13 +7,13 @@ support=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 project=$(realpath "$support/../..")
 
 # Copies of the program find each other by a name in the network's namespace. In one of its own a test meets
-# neither a game that is being played nor another test. Root gets one in a changed root folder, too; others get it as
-# root of their own.
+# neither a game that is being played nor another test, and what it mounts is its own. Root gets one in a changed root
+# folder, too; others get it as root of their own.
 if [ -z "${OWN_NAMESPACE:-}" ]; then
     for as_root in "" --map-root-user; do
         # shellcheck disable=SC2086 # no word or one
-        if unshare --net $as_root true 2> /dev/null; then
-            OWN_NAMESPACE=1 exec unshare --net $as_root "$0" "$@"
+        if unshare --net --mount $as_root true 2> /dev/null; then
+            OWN_NAMESPACE=1 exec unshare --net --mount $as_root "$0" "$@"
         fi
     done
 fi
@@ -27,6 +27,9 @@ fail()
     exit 1
 }
 
+# For a test that leaves more behind than processes of its own and $work.
+before_end() { :; }
+
 # A display of $SIZE or 1280 x 1024, $DEPTH or 24 bits deep, on which at the latter size the picture of 240 x 320 has room three times
 # enlarged. It does not start afresh when its last program ends: that would cut off the next one.
 start_display()
@@ -35,11 +38,12 @@ start_display()
     mkfifo "$work/number"
     Xvfb -displayfd 3 -screen 0 "${SIZE:-1280x1024}x${DEPTH:-24}" -noreset -nolisten tcp 3> "$work/number" 2> "$work/xvfb.log" &
     local server=$!
-    trap 'kill $(jobs -p) 2> /dev/null || true; wait 2> /dev/null; rm -rf "$work"' EXIT
+    trap 'before_end; kill $(jobs -p) 2> /dev/null || true; wait 2> /dev/null; rm -rf "$work"' EXIT
     read -r -t 20 number < "$work/number" || fail "no display server: $(cat "$work/xvfb.log")"
     kill -0 $server
     export DISPLAY=:$number
     unset WAYLAND_DISPLAY
+    export XDG_STATE_HOME=$work/state
     # What SDL leaves to the end of the process in there is not ours to free.
     echo leak:libdbus-1 > "$work/known_leaks"
     export LSAN_OPTIONS=suppressions=$work/known_leaks:print_suppressions=0
@@ -61,7 +65,7 @@ wait_for()
 find_window()
 {
     window=$(xdotool search --onlyvisible --name '^MyGame$' | head -n 1)
-    [ -n "$window" ] && eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y)=')"
+    [ -n "$window" ] && eval "$(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left \([XY]\): */\1=/p')"
 }
 
 # Sets $manager. It announces itself before it looks after windows; what it starts comes when it does.
@@ -109,17 +113,35 @@ draw_menus()
     (cd "$work" && "$programs/replay" "$support/menus.txt" --snapshots "$menus")
 }
 
-# start FOLDER [COMMAND...]: the game with that current folder, after the command; sets $game when its window is
-# there.
+# install FOLDER: the game with its data in a folder of its own, which is where it writes. Nothing where it is there.
+install()
+{
+    [ ! -e "$1/mygame" ] || return 0
+    local file
+    mkdir -p "$1"
+    for file in "$programs"/*.png "$programs"/*.jpg "$programs"/*.wav; do
+        ln -sf "$file" "$1"
+    done
+    cp "$programs/mygame" "$1"
+}
+
+# start FOLDER [COMMAND...]: the game that is installed there, after the command; sets $game when its window is there.
 start()
 {
-    (cd "$1" && "${@:2}" && exec "$programs/mygame") &
+    install "$1"
+    (cd "$1" && "${@:2}" && exec "$1/mygame") &
     game=$!
     wait_for "the window" find_window
 }
 
 # By the menu button, which no other screen has, and the satellite: asteroids turn in a paused game, too.
 in_game() { shows "$menus/game.png" 30x30+210+290 && moves 60x20+90+290; }
+
+# make_read_only FOLDER: also for root.
+make_read_only()
+{
+    mount --bind "$1" "$1" && mount -o remount,bind,ro "$1"
+}
 
 # start_game [MENU Y]: from the main menu, as drawn in $menus, with "New game" there, into a time attack: there is
 # always something that moves.

@@ -10,8 +10,11 @@
 #include "platform/sdl/linux/graphics_probe.h"
 #include "platform/sdl/linux/held_keys.h"
 #include "platform/sdl/linux/single_instance.h"
+#include "platform/sdl/linux/state_folder.h"
 #include "platform/sdl/linux/termination.h"
 #include "platform/sdl/linux/window_manager.h"
+#include "platform/sdl/surface_presenter.h"
+#include "platform/sdl/texture_presenter.h"
 
 namespace platform
 {
@@ -36,6 +39,8 @@ public:
         clock_gettime(CLOCK_BOOTTIME, &time);
         return static_cast<Tick>(time.tv_sec * 1000 + time.tv_nsec / 1000000);
     }
+
+    std::string stateFolder() override { return platform::stateFolder(); }
 
     bool isOtherCopyRunning() override { return singleInstance_.isOtherRunning(); }
     void raiseOtherCopy() override { SingleInstance::raiseOther(); }
@@ -62,7 +67,26 @@ public:
             SDL_HideWindow(window);
     }
 
-    bool hasGraphicsProcessor() override { return platform::hasGraphicsProcessor(); }
+    std::uint32_t windowFlags() override
+    {
+        graphicsProcessor_ = hasGraphicsProcessor();
+        return graphicsProcessor_ ? SDL_WINDOW_OPENGL : 0;
+    }
+    std::unique_ptr<Presenter> makePresenter(SDL_Window *window) override
+    {
+        std::unique_ptr<Presenter> presenter;
+        // Either way may be barred: no memory of the window can be had, for one, where pixels have 30 bits.
+        for (const bool useTexture : {graphicsProcessor_, !graphicsProcessor_}) {
+            presenter.reset();
+            if (useTexture)
+                presenter = std::make_unique<TexturePresenter>(window);
+            else
+                presenter = std::make_unique<SurfacePresenter>(window);
+            if (presenter->isReady())
+                break;
+        }
+        return presenter;
+    }
     bool hasWindowManager(SDL_Window *window) const override { return platform::hasWindowManager(window); }
 
     void noteKeyboardGained() override { heldKeys_.begin(); }
@@ -72,6 +96,7 @@ public:
 private:
     SingleInstance singleInstance_;
     HeldKeys heldKeys_;
+    bool graphicsProcessor_ = false;
 };
 
 } // namespace

@@ -58,10 +58,11 @@ leave_for_folder_that_goes()
 
 leave_for_folder_elsewhere() { cd "$elsewhere"; }
 
-# Where the log goes: never to where the program was started. What is changed of the environment is for this test alone.
+# Where the log goes: never to where the program was started.
 test_folders()
-(
+{
     local installed elsewhere=$work/elsewhere home=$work/home
+    local -x HOME=$home XDG_STATE_HOME=$XDG_STATE_HOME
     mkdir "$elsewhere" "$home"
     new_folder
     start "$folder" leave_for_folder_that_goes
@@ -72,7 +73,7 @@ test_folders()
     rm "$installed/log.txt"
     make_read_only "$installed"
     for folder in "$XDG_STATE_HOME/mygame" "$home/.local/state/mygame"; do
-        [ "$folder" = "$XDG_STATE_HOME/mygame" ] || export XDG_STATE_HOME=relative HOME=$home
+        [ "$folder" = "$XDG_STATE_HOME/mygame" ] || XDG_STATE_HOME=relative
         start "$installed" leave_for_folder_elsewhere
         stop "with the log in $folder"
         [ "$(stat -c %a "$folder")" = 700 ] || fail "others may read $folder"
@@ -89,7 +90,7 @@ test_folders()
     stop "without a home"
     [ -z "$(find "$elsewhere" "$home" -type f)" ] || fail "files: $(find "$elsewhere" "$home" -type f)"
     umount "$installed" "$home"
-)
+}
 
 # Lets no file grow beyond a kilobyte: writing more fails.
 limit_files()

@@ -50,7 +50,7 @@ covers_display()
 is_window() { find_window && [ "$X $Y" != "0 0" ]; }
 
 # Hundredths of a second that the game has used.
-used() { cut -d ' ' -f 14,15 "/proc/$game/stat" | tr ' ' + | bc; }
+used() { echo $(($(cut -d ' ' -f 14,15 "/proc/$game/stat" | tr ' ' +))); }
 
 leave_game()
 {

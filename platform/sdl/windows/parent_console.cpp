@@ -14,6 +14,8 @@ bool goesNowhere(DWORD stream)
     return !handle || handle == INVALID_HANDLE_VALUE;
 }
 
+void sendToConsole(std::FILE *stream) { static_cast<void>(std::freopen("CONOUT$", "w", stream)); }
+
 } // namespace
 
 void writeToParentConsole()
@@ -23,9 +25,9 @@ void writeToParentConsole()
     if (!AttachConsole(ATTACH_PARENT_PROCESS))
         return;
     if (outputGoesNowhere)
-        std::freopen("CONOUT$", "w", stdout);
+        sendToConsole(stdout);
     if (errorsGoNowhere)
-        std::freopen("CONOUT$", "w", stderr);
+        sendToConsole(stderr);
 }
 
 } // namespace platform

@@ -1,7 +1,10 @@
-/// `soak FRAMES [SEED]`: plays the game at random on the virtual device for a number of frames and checks
-/// after each what must always hold. The same seed plays the same games.
+/// `soak FRAMES [SEED [SCRIPT]]`: plays the game at random on the virtual device for a number of frames and
+/// checks after each what must always hold. The same seed plays the same games. What happened is written down
+/// as a script for `replay` where a file is named for it.
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <utility>
 
 #include "fuzz/soak_player.h"
 #include "fuzz/soak_watch.h"
@@ -18,6 +21,13 @@ public:
     {
         device_.onFrame = [this] { countFrame(); };
         device_.onPoll = [this] { poll(); };
+    }
+
+    /// Writes all that happens from now on into a script. It must outlive the soak.
+    void recordIn(std::ostream &script)
+    {
+        player_.onAct = [this, &script](const std::string &what) { record(script, what); };
+        onEnd_ = [this, &script] { record(script, "quit"); };
     }
 
     std::string report() const { return watch_.report(); }
@@ -37,11 +47,25 @@ private:
         if (pollsLeft_-- > 0)
             return;
         watch_.check(frames_);
-        pollsLeft_ = player_.act();
+        pollsLeft_ = mayAct() ? player_.act() : 0;
         if (framesLeft_ == 0) {
+            if (onEnd_)
+                onEnd_();
             device_.post(platform::WM_QUIT, 0, 0);
             ++pollsLeft_;
         }
+    }
+
+    /// A script names times, not passes: of those within one millisecond only the first can be told.
+    bool mayAct()
+    {
+        const std::uint64_t last = std::exchange(lastPassMs_, device_.elapsedMs());
+        return !player_.onAct || last != lastPassMs_;
+    }
+
+    void record(std::ostream &script, const std::string &what) const
+    {
+        script << "at " << device_.elapsedMs() << ' ' << what << '\n';
     }
 
     platform::VirtualDevice &device_;
@@ -50,6 +74,8 @@ private:
     std::uint64_t framesLeft_;
     std::uint64_t frames_ = 0;
     int pollsLeft_ = 0;
+    std::uint64_t lastPassMs_ = ~0ull;
+    std::function<void()> onEnd_;
 };
 
 } // namespace
@@ -58,18 +84,25 @@ int main(int argumentCount, char **arguments)
 {
     const unsigned long long frames = argumentCount > 1 ? std::strtoull(arguments[1], nullptr, 10) : 0;
     const unsigned long seed = argumentCount > 2 ? std::strtoul(arguments[2], nullptr, 10) : 1;
-    if (frames == 0 || argumentCount > 3) {
-        std::fputs("usage: soak FRAMES [SEED]\n", stderr);
+    if (frames == 0 || argumentCount > 4) {
+        std::fputs("usage: soak FRAMES [SEED [SCRIPT]]\n", stderr);
         return 2;
     }
     platform::VirtualDevice device;
     platform::useDevice(device);
     device.dataFolder = MYGAME_DATA;
-    // Not far from where the clock wraps.
-    device.switchOn(0u - 600000u);
+    // The first seed's not far from where the clock wraps.
+    const platform::Tick start = 0u - 600000u * static_cast<platform::Tick>(seed);
+    device.switchOn(start);
     mygame::Program program;
     Soak soak(device, program, frames, static_cast<std::uint32_t>(seed));
+    std::ofstream script;
+    if (argumentCount == 4) {
+        script.open(arguments[3]);
+        script << "clock " << start << '\n';
+        soak.recordIn(script);
+    }
     program.run(nullptr, platform::SW_SHOW);
     std::printf("soak: %llu frames, seed %lu: %s\n", frames, seed, soak.report().c_str());
-    return 0;
+    return argumentCount == 4 && !script.flush() ? 2 : 0;
 }

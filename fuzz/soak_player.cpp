@@ -32,10 +32,22 @@ bool Player::isCurrent(const std::string &screen) const
     return application.currentScreen() == application.findScreen(screen);
 }
 
+void Player::tell(const std::string &what)
+{
+    if (onAct)
+        onAct(what);
+}
+
+int Player::post(std::uint32_t message, std::uint32_t wParam, std::uint32_t lParam)
+{
+    tell("message " + std::to_string(message) + ' ' + std::to_string(wParam) + ' ' + std::to_string(lParam));
+    device_.post(message, wParam, lParam);
+    return 1;
+}
+
 int Player::send(std::uint32_t message, std::uint32_t x, std::uint32_t y)
 {
-    device_.post(message, 0, y << 16 | x);
-    return 1;
+    return post(message, 0, y << 16 | x);
 }
 
 int Player::act()
@@ -107,6 +119,7 @@ int Player::disturb()
 {
     switch (below(4)) {
     case 0:
+        tell(device_.inForeground() ? "background" : "foreground");
         if (device_.inForeground())
             device_.leaveForeground();
         else
@@ -126,26 +139,33 @@ int Player::pressHarmlessKey()
     const bool endsOnPress = isCurrent("GAME") || isCurrent("GAME_OVER");
     const bool endsOnRelease = isCurrent("MAIN_MENU");
     const bool press = !endsOnPress && (endsOnRelease || oneIn(2));
-    device_.post(press ? platform::WM_KEYDOWN : platform::WM_KEYUP, below(65536), 0);
-    return 1;
+    return post(press ? platform::WM_KEYDOWN : platform::WM_KEYUP, below(65536), 0);
 }
 
 int Player::sendUnknownMessage()
 {
     constexpr std::uint32_t kFirstUnknown = platform::WM_LBUTTONUP + 1;
-    device_.post(kFirstUnknown + below(65536), static_cast<std::uint32_t>(random_()),
-                 static_cast<std::uint32_t>(random_()));
-    return 1;
+    return post(kFirstUnknown + below(65536), static_cast<std::uint32_t>(random_()),
+                static_cast<std::uint32_t>(random_()));
 }
 
 void Player::changeDevice()
 {
-    if (oneIn(300))
+    if (oneIn(300)) {
         device_.frameBufferOn = !device_.frameBufferOn;
+        tell(device_.frameBufferOn ? "frame-buffer on" : "frame-buffer off");
+    }
     if (!oneIn(200))
         return;
     constexpr std::uint32_t kCosts[] = {0, 1, 7, 16, 16, 16, 16, 33, 100, 1000};
     device_.frameCostMs = kCosts[below(std::size(kCosts))];
+    tell("frame-cost " + std::to_string(device_.frameCostMs));
+    if (!onAct)
+        loseTime();
+}
+
+void Player::loseTime()
+{
     if (oneIn(20))
         device_.advance(below(kMsPerMinute));
     if (oneIn(500))

@@ -9,6 +9,9 @@ cd "$(dirname "$0")/.."
 # The decoders' libraries and GoogleTest; SDL is not needed without a window.
 libraries="libgtest-dev libjpeg62-turbo-dev libpng-dev nlohmann-json3-dev zlib1g-dev"
 
+# An emulator takes its time.
+random_games=5
+
 # fetch_libraries ARCHITECTURE: Debian's packages for it, without making them part of this system.
 fetch_libraries()
 {
@@ -38,28 +41,6 @@ CONF
     touch "$root/complete"
 }
 
-trace() # trace BUILD SCRIPT FILE [EMULATOR]
-{
-    ${4:-} "build/$1/bin/replay" "$2" --data data --trace "$3" --snapshots build/traces/snapshots 2>/dev/null ||
-        echo "exit code $?" >>"$3"
-}
-
-# compare_traces ARCHITECTURE EMULATOR
-compare_traces()
-{
-    mkdir -p build/traces
-    count=0
-    for script in tests/replays/*.txt replay/demo.txt; do
-        name=$(basename "$script" .txt)
-        (cd build/traces && rm -f "$name".*)
-        trace release "$script" "build/traces/$name.here"
-        trace "$1" "$script" "build/traces/$name.$1" "$2"
-        cmp "build/traces/$name.here" "build/traces/$name.$1" || fail "$script: $1 shows something else"
-        count=$((count + 1))
-    done
-    echo "$count recorded games are the same on $1, byte for byte"
-}
-
 # try_processor ARCHITECTURE TRIPLET EMULATOR: by the names that Debian, compilers and QEMU have for it.
 try_processor()
 {
@@ -70,12 +51,10 @@ try_processor()
     cmake --build "build/$1" -- --quiet
     # Files that are damaged in every way take long in the emulator, and the decoders are not ours.
     ctest --test-dir "build/$1" --output-on-failure --no-tests=error --parallel "$(nproc)" --exclude-regex BadData
-    compare_traces "$1" "$3"
+    scripts/same_traces.sh "$1" $random_games "$3" "build/$1/bin/replay"
 }
 
 # shellcheck disable=SC2086 # one word a package
 install_missing $CROSS_PACKAGES
-cmake --preset release --log-level=WARNING >/dev/null
-cmake --build --preset release --target replay -- --quiet
 try_processor armhf arm-linux-gnueabihf qemu-arm
 try_processor s390x s390x-linux-gnu qemu-s390x

@@ -7,8 +7,6 @@
 #include <SDL.h>
 
 #include "platform/common/picture.h"
-#include "platform/sdl/surface_presenter.h"
-#include "platform/sdl/texture_presenter.h"
 
 namespace platform
 {
@@ -83,10 +81,8 @@ bool GameWindow::create(const std::string &newTitle, const std::string &iconFile
     videoRuns_ = videoRuns_ || startVideo();
     if (!videoRuns_)
         return false;
-    const bool graphicsProcessor = host_.hasGraphicsProcessor();
-    std::uint32_t flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
-    if (graphicsProcessor)
-        flags |= SDL_WINDOW_OPENGL;
+    const std::uint32_t flags =
+        SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI | host_.windowFlags();
     const Size size = comfortableSize();
     window_.reset(SDL_CreateWindow(newTitle.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
                                    size.width, size.height, flags));
@@ -97,7 +93,7 @@ bool GameWindow::create(const std::string &newTitle, const std::string &iconFile
     SDL_SetWindowMinimumSize(window_.get(), kScreenSize.width / kSmallestPart,
                              kScreenSize.height / kSmallestPart);
     setIcon(iconFile);
-    makePresenter(graphicsProcessor);
+    presenter_ = host_.makePresenter(window_.get());
     return true;
 }
 
@@ -120,20 +116,6 @@ void GameWindow::setIcon(const std::string &file)
                                            static_cast<int>(picture.rowBytes()), SDL_PIXELFORMAT_BGRA32);
     SDL_SetWindowIcon(window_.get(), icon);
     SDL_FreeSurface(icon);
-}
-
-void GameWindow::makePresenter(bool graphicsProcessor)
-{
-    // Either way may be barred: no memory of the window can be had, for one, where pixels have 30 bits.
-    for (const bool useTexture : {graphicsProcessor, !graphicsProcessor}) {
-        presenter_.reset();
-        if (useTexture)
-            presenter_ = std::make_unique<TexturePresenter>(window_.get());
-        else
-            presenter_ = std::make_unique<SurfacePresenter>(window_.get());
-        if (presenter_->isReady())
-            return;
-    }
 }
 
 bool GameWindow::show(bool visible)

@@ -53,7 +53,6 @@ private:
     };
 
     void setIcon(const std::string &file);
-    void makePresenter(bool graphicsProcessor);
     bool startVideo();
     void toggleCover();
 

@@ -1,11 +1,12 @@
 /// What SDL leaves to each host: Linux, Windows, the browser. A host is a folder beside this header.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "platform/clock.h"
+#include "platform/sdl/presenter.h"
 
-struct SDL_Window;
 union SDL_Event;
 
 namespace platform
@@ -43,9 +44,11 @@ public:
     /// Shows or hides the window, even where the display goes meanwhile.
     virtual void showWindow(SDL_Window *window, bool visible) = 0;
 
-    /// Whether there is a graphics processor with a driver of its own; drawing emulated by the main processor
-    /// does not count. SDL's video must be running.
-    virtual bool hasGraphicsProcessor() = 0;
+    /// SDL's flags for a window in which the presenter below can show frames. SDL's video must be running.
+    virtual std::uint32_t windowFlags() { return 0; }
+    /// What shows frames best on this machine, in a window made with those flags. It may turn out not to be
+    /// ready, where there is nothing better. The window must outlive it.
+    virtual std::unique_ptr<Presenter> makePresenter(SDL_Window *window) = 0;
 
     /// Whether something moves, sizes and layers windows when a program asks for that.
     virtual bool hasWindowManager(SDL_Window *) const { return true; }

@@ -12,6 +12,8 @@
 #include "platform/sdl/linux/single_instance.h"
 #include "platform/sdl/linux/termination.h"
 #include "platform/sdl/linux/window_manager.h"
+#include "platform/sdl/surface_presenter.h"
+#include "platform/sdl/texture_presenter.h"
 
 namespace platform
 {
@@ -62,7 +64,26 @@ public:
             SDL_HideWindow(window);
     }
 
-    bool hasGraphicsProcessor() override { return platform::hasGraphicsProcessor(); }
+    std::uint32_t windowFlags() override
+    {
+        graphicsProcessor_ = hasGraphicsProcessor();
+        return graphicsProcessor_ ? SDL_WINDOW_OPENGL : 0;
+    }
+    std::unique_ptr<Presenter> makePresenter(SDL_Window *window) override
+    {
+        std::unique_ptr<Presenter> presenter;
+        // Either way may be barred: no memory of the window can be had, for one, where pixels have 30 bits.
+        for (const bool useTexture : {graphicsProcessor_, !graphicsProcessor_}) {
+            presenter.reset();
+            if (useTexture)
+                presenter = std::make_unique<TexturePresenter>(window);
+            else
+                presenter = std::make_unique<SurfacePresenter>(window);
+            if (presenter->isReady())
+                break;
+        }
+        return presenter;
+    }
     bool hasWindowManager(SDL_Window *window) const override { return platform::hasWindowManager(window); }
 
     void noteKeyboardGained() override { heldKeys_.begin(); }
@@ -72,6 +93,7 @@ public:
 private:
     SingleInstance singleInstance_;
     HeldKeys heldKeys_;
+    bool graphicsProcessor_ = false;
 };
 
 } // namespace

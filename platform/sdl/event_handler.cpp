@@ -62,6 +62,9 @@ void EventHandler::handle(const SDL_Event &event)
     case SDL_FINGERUP:
         handleFinger(event.tfinger);
         break;
+    case kPointerCancelled:
+        stylus_.cancel();
+        break;
     default:
         break;
     }
@@ -136,7 +139,7 @@ void EventHandler::keepTime()
     if (asks == titleAsks_)
         return;
     titleAsks_ = asks;
-    window_.setTitleNote(asks ? "Press Escape again to leave" : "");
+    window_.showNote(asks ? "Press Escape again to leave" : "");
 }
 
 void EventHandler::handleMouseButton(const SDL_MouseButtonEvent &event)

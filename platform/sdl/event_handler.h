@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include <SDL_events.h>
 
 #include "platform/sdl/escape_key.h"
@@ -9,6 +11,9 @@
 
 namespace platform
 {
+
+/// An event that a host may push: the system took the pointer away. A tap that has begun is dropped.
+constexpr std::uint32_t kPointerCancelled = SDL_USEREVENT;
 
 /// Turns what happens to the window into the messages that the handheld's window system would send.
 class EventHandler

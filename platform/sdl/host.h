@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "platform/clock.h"
 #include "platform/sdl/presenter.h"
@@ -23,6 +24,7 @@ public:
 
     /// The time for which the machine has been running.
     virtual Tick machineTick() const = 0;
+    virtual RealTime &time() { return time_; }
 
     /// Takes the place of the one running copy unless another copy has it. @return whether one has. Where
     /// copies cannot find each other, every one is alone.
@@ -50,6 +52,13 @@ public:
     /// ready, where there is nothing better. The window must outlive it.
     virtual std::unique_ptr<Presenter> makePresenter(SDL_Window *window) = 0;
 
+    /// Refreshes in a second, where the host knows that better than SDL; 0 where not.
+    virtual int refreshRate() const { return 0; }
+
+    /// Shows a note to the player, or none when it is empty. @return whether the host has a place for that;
+    /// where not, the window's title is the place.
+    virtual bool showNote(const std::string &) { return false; }
+
     /// Whether something moves, sizes and layers windows when a program asks for that.
     virtual bool hasWindowManager(SDL_Window *) const { return true; }
 
@@ -58,6 +67,9 @@ public:
     virtual void noteSystemEvent(const SDL_Event &) {}
     /// Whether the press last noted is one of a key that was down already when the window got the keyboard.
     virtual bool isPressOfHeldKey() const { return false; }
+
+private:
+    RealTime time_;
 };
 
 /// The host that the program was built for.

@@ -1,7 +1,6 @@
 #include "platform/sdl/sdl_device.h"
 
 #include <chrono>
-#include <thread>
 
 #include <SDL_error.h>
 #include <SDL_events.h>
@@ -103,7 +102,7 @@ GXDisplayProperties SdlDevice::displayProperties() const
 void SdlDevice::endDraw()
 {
     if (clock_.standsBeforeRefresh()) {
-        clock_.moveToRefresh();
+        clock_.moveToRefresh(pacer_.takeMissed());
         return;
     }
     VerticalSync sync = VerticalSync::Off;
@@ -121,13 +120,15 @@ void SdlDevice::endDraw()
 void SdlDevice::sleep(std::uint32_t milliseconds)
 {
     if (window_.exists() && !inForeground()) {
-        SDL_WaitEventTimeout(nullptr, kBackgroundWaitMs);
+        if (host_->time().waits())
+            SDL_WaitEventTimeout(nullptr, kBackgroundWaitMs);
         pump();
         if (!inForeground())
             return;
         pacer_.restart();
     } else {
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+        RealTime &time = host_->time();
+        time.sleepUntil(time.now() + std::chrono::milliseconds(milliseconds));
     }
     clock_.pass(milliseconds);
 }

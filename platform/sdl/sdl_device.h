@@ -42,6 +42,9 @@ public:
     void *beginDraw() override { return displayOpen_ ? drawn_.data() : nullptr; }
     void endDraw() override;
 
+    /// Whether all that can be seen at this refresh was shown: what comes is for the next one.
+    bool waitsForRefresh() const { return clock_.standsBeforeRefresh(); }
+
     /// Why the window could not be made; empty while nobody tried, and when it could.
     const std::string &windowError() const { return windowError_; }
 
@@ -61,8 +64,7 @@ private:
     GameWindow window_{*host_};
     EventHandler events_{*host_, window_, messages_};
     SoundPlayer sound_;
-    RealTime time_;
-    FramePacer pacer_{time_};
+    FramePacer pacer_{host_->time()};
     std::string windowError_;
     bool displayOpen_ = false;
     Frame drawn_{};

@@ -23,7 +23,8 @@ sdl_left_out="-DSDL_RENDER=OFF -DSDL_JOYSTICK=OFF -DSDL_HAPTIC=OFF -DSDL_HIDAPI=
 
 # For the least of SDL: what the compiler has anyway is not made again.
 core_options="-Os -w -ffunction-sections -fdata-sections -DHAVE_LIBC=1 -DHAVE_STDLIB_H=1 -DHAVE_STDIO_H=1 -DHAVE_STRING_H=1
-    -DHAVE_CTYPE_H=1 -DHAVE_MATH_H=1 -DHAVE_MALLOC=1 -DSDL_AUDIO_DISABLED=1"
+    -DHAVE_CTYPE_H=1 -DHAVE_MATH_H=1 -DHAVE_MALLOC=1 -DSDL_AUDIO_DISABLED=1
+    -DSDL_LEAN_AND_MEAN=1"
 
 # Makes apt's lists of source packages from the machine's own list of where packages come from, in folders of ours.
 prepare_apt()

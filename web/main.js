@@ -18,6 +18,7 @@ const showTrouble = (sentence) => window.showTrouble(sentence);
 
 const panel = element('panel');
 const again = element('again');
+const paused = element('paused');
 const picture = new Picture(element('room'), element('picture'));
 const sound = new Sound();
 const meter = new RateMeter();
@@ -77,6 +78,7 @@ function play(program) {
     running = true;
     again.hidden = true;
     panel.hidden = true;
+    paused.hidden = inFront;
     program._start();
     program._resizeRoom(...size);
     if (inFront) program._gainFocus();
@@ -84,6 +86,7 @@ function play(program) {
   };
   const end = () => {
     running = false;
+    paused.hidden = true;
     element('message').textContent = 'The game has ended.';
     again.hidden = false;
     panel.hidden = false;
@@ -102,6 +105,7 @@ function play(program) {
   });
   watchFocus((now) => {
     inFront = now;
+    paused.hidden = now || !running;
     if (!now) sound.stop();
     if (!running) return;
     if (now) {

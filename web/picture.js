@@ -9,6 +9,7 @@ export class Picture {
   #room;
   #canvas;
   #context;
+  /** A view of the program's memory, kept from one call to the next. */
   #rows = null;
   #size = { width: 0, height: 0 };
 
@@ -63,11 +64,13 @@ export class Picture {
   /** Shows whole rows of the canvas, `width` pixels of 4 bytes each, which begin at `pointer` in the memory. */
   showRows(memory, pointer, width, top, rows) {
     const kept = this.#rows;
-    if (kept?.data.buffer !== memory.buffer || kept.data.byteOffset !== pointer || kept.width !== width || kept.height !== rows) {
+    const fits = kept && kept.width === width && kept.height >= rows;
+    // The memory is another one after it has grown.
+    if (!fits || kept.data.buffer !== memory.buffer || kept.data.byteOffset !== pointer) {
       const pixels = new Uint8ClampedArray(memory.buffer, pointer, width * rows * BYTES_A_PIXEL);
       this.#rows = new ImageData(pixels, width, rows);
     }
-    this.#context.putImageData(this.#rows, 0, top);
+    this.#context.putImageData(this.#rows, 0, top, 0, 0, width, rows);
   }
 
   /** @returns {[number, number]} the pixel of the room at a place in the page, also outside */

@@ -12,10 +12,6 @@ namespace platform
 namespace
 {
 
-/// Rows of the canvas that are drawn at a time: they fit into the processor's cache, and no whole picture of
-/// a large display has to be kept.
-constexpr int kRowsAtATime = 64;
-
 // clang-format off
 /// Puts the canvas of so many pixels at a place in the page's room for it; it is as large as the size, in the display's
 /// pixels, says. Empties it.
@@ -49,47 +45,60 @@ bool CanvasPresenter::present(const Frame &frame, const Damage &damage)
     // What is smaller than the screen is for the browser to shrink.
     const bool shrinks = layout.width < kScreenSize.width;
     const Size canvas = shrinks ? kScreenSize : Size{layout.width, layout.height};
-    const RowSpan rows = damage.surroundings ? kAllRows : damage.rows;
+    const bool multiple = shrinks || layout.wholeScale() != 0;
     if (damage.surroundings)
         placeCanvas(canvas.width, canvas.height, layout.left, layout.top, layout.width, layout.height);
-    std::transform(rowOf(frame, rows.first), rowOf(frame, rows.last),
-                   exchanged_.data() + std::ptrdiff_t{rows.first} * kScreenSize.width, withRedForBlue);
-    if (shrinks || layout.wholeScale() != 0) {
-        drawMultiple(rows, canvas.width / kScreenSize.width);
-    } else {
+    if (!multiple)
         scaler_.resize(canvas);
-        drawScaled(scaler_.rowsShowing(rows));
+    const std::array<bool, kBands> changed = takeIn(frame);
+    for (std::size_t band = 0; band < kBands; ++band) {
+        const int first = static_cast<int>(band) * kBandRows;
+        if (!changed[band] && !damage.surroundings)
+            continue;
+        if (multiple)
+            drawMultiple({first, first + kBandRows}, canvas.width / kScreenSize.width);
+        else
+            drawScaled({first, first + kBandRows}, canvas.width);
     }
     return true;
+}
+
+std::array<bool, CanvasPresenter::kBands> CanvasPresenter::takeIn(const Frame &frame)
+{
+    std::array<bool, kBands> changed{};
+    std::array<std::uint16_t, kBandPixels> exchanged{};
+    for (std::size_t band = 0; band < kBands; ++band) {
+        const auto *pixels = frame.data() + band * kBandPixels;
+        std::transform(pixels, pixels + kBandPixels, exchanged.begin(), withRedForBlue);
+        auto *kept = exchanged_.data() + band * kBandPixels;
+        changed[band] = !std::equal(exchanged.begin(), exchanged.end(), kept);
+        std::copy(exchanged.begin(), exchanged.end(), kept);
+    }
+    return changed;
 }
 
 void CanvasPresenter::drawMultiple(RowSpan rows, int scale)
 {
     const int width = kScreenSize.width * scale;
     const std::ptrdiff_t pitch = width * static_cast<std::ptrdiff_t>(sizeof(std::uint32_t));
-    const int rowsAtATime = std::max(1, kRowsAtATime / scale);
-    for (int y = rows.first; y < rows.last; y += rowsAtATime) {
-        const int count = std::min(rowsAtATime, rows.last - y);
-        std::byte *target = pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(count * scale));
-        for (int i = 0; i < count; ++i)
-            convertRow(rowOf(exchanged_, y + i), kScreenSize.width, scale, target + i * scale * pitch, pitch);
-        showRows(pixels_.data(), width, y * scale, count * scale);
-    }
+    std::byte *target = pixels(width, kBandRows * scale);
+    for (int y = rows.first; y < rows.last; ++y, target += scale * pitch)
+        convertRow(rowOf(exchanged_, y), kScreenSize.width, scale, target, pitch);
+    showRows(pixels_.data(), width, rows.first * scale, kBandRows * scale);
 }
 
-void CanvasPresenter::drawScaled(RowSpan rows)
+void CanvasPresenter::drawScaled(RowSpan rows, int width)
 {
-    const int width = roomLayout(window_).width;
     const std::ptrdiff_t pitch = width * static_cast<std::ptrdiff_t>(sizeof(std::uint32_t));
-    for (int y = rows.first; y < rows.last; y += kRowsAtATime) {
-        const int count = std::min(kRowsAtATime, rows.last - y);
-        scaler_.draw(exchanged_, {y, y + count}, pixels(static_cast<std::size_t>(width * count)), pitch);
-        showRows(pixels_.data(), width, y, count);
-    }
+    const RowSpan shown = scaler_.rowsShowing(rows);
+    const int count = shown.last - shown.first;
+    scaler_.draw(exchanged_, shown, pixels(width, count), pitch);
+    showRows(pixels_.data(), width, shown.first, count);
 }
 
-std::byte *CanvasPresenter::pixels(std::size_t count)
+std::byte *CanvasPresenter::pixels(int width, int rows)
 {
+    const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(rows);
     if (pixels_.size() < count)
         pixels_.resize(count);
     return reinterpret_cast<std::byte *>(pixels_.data());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "platform/sdl/picture_scaler.h"
@@ -22,9 +23,17 @@ public:
     VerticalSync verticalSync() const override { return VerticalSync::On; }
 
 private:
+    /// A frame is drawn in bands of some rows each, where it changed: what is drawn fits into the processor's
+    /// cache then, and no whole picture of a large display has to be kept.
+    static constexpr int kBandRows = 16;
+    static constexpr std::size_t kBands = kScreenSize.height / kBandRows;
+    static constexpr std::size_t kBandPixels = std::size_t{kScreenSize.width} * kBandRows;
+    static_assert(kBands * kBandRows == kScreenSize.height);
+
+    std::array<bool, kBands> takeIn(const Frame &frame);
     void drawMultiple(RowSpan rows, int scale);
-    void drawScaled(RowSpan rows);
-    std::byte *pixels(std::size_t count);
+    void drawScaled(RowSpan rows, int width);
+    std::byte *pixels(int width, int rows);
 
     SDL_Window *window_;
     PictureScaler scaler_;

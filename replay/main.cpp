@@ -30,12 +30,6 @@ bool checkDataFolder(const std::string &folder)
     return !error;
 }
 
-std::string executableFolder()
-{
-    const std::string path = platform::common::executablePath();
-    return path.substr(0, path.rfind('/') + 1);
-}
-
 void runProgram(replay::Playback &playback)
 {
     mygame::Program program;
@@ -81,6 +75,6 @@ int main(int argumentCount, char **arguments)
         return kExitBadUse;
     }
     if (options->dataFolder.empty())
-        options->dataFolder = executableFolder();
+        options->dataFolder = platform::common::executableFolder();
     return play(*options, script);
 }

@@ -36,7 +36,8 @@ std::string Pins::pinned(const Script &script) const
     const auto add = [&](const Pin &pin) {
         checks.push_back({pin.atMs, "check " + checksumDigits(pin.checksum)});
     };
-    std::ranges::for_each(pins_, add);
+    for (const Pin &pin : pins_)
+        add(pin);
     if (last_ && last_->atMs != pins_.back().atMs)
         add(*last_);
     return rewritten(

@@ -21,6 +21,11 @@ prefix=$place/$target
 sdl_left_out="-DSDL_RENDER=OFF -DSDL_JOYSTICK=OFF -DSDL_HAPTIC=OFF -DSDL_HIDAPI=OFF -DSDL_SENSOR=OFF -DSDL_POWER=OFF
     -DSDL_LOCALE=OFF -DSDL_MISC=OFF -DSDL_OPENGL=OFF -DSDL_OPENGLES=OFF -DSDL_VULKAN=OFF"
 
+# For the least of SDL: what the compiler has anyway is not made again.
+core_options="-Os -w -ffunction-sections -fdata-sections -DHAVE_LIBC=1 -DHAVE_STDLIB_H=1 -DHAVE_STDIO_H=1 -DHAVE_STRING_H=1
+    -DHAVE_CTYPE_H=1 -DHAVE_MATH_H=1 -DHAVE_MALLOC=1 -DSDL_AUDIO_DISABLED=1
+    -DSDL_LEAN_AND_MEAN=1"
+
 # Makes apt's lists of source packages from the machine's own list of where packages come from, in folders of ours.
 prepare_apt()
 {
@@ -132,6 +137,43 @@ keep_only_what_is_called()
 # shellcheck disable=SC2086 # one word an option
 build_sdl() { build_library libsdl2 -DSDL_SHARED=OFF -DSDL_STATIC=ON -DSDL_TEST=OFF $sdl_left_out "$@"; }
 
+# What is left of SDL in a page: events and the size of one window, whose display is none. Its own CMake files would ask the
+# compiler hundreds of questions for that, and take the page's events for themselves.
+build_sdl_core()
+{
+    start libsdl2 || return 0
+    headers=$prefix/include/SDL2
+    package=$prefix/lib/cmake/SDL2
+    mkdir -p "$headers" "$package"
+    cp "$sources"/libsdl2/include/*.h "$headers"
+    cp "$headers/SDL_config_minimal.h" "$headers/SDL_config.h"
+    version=$(sed -n 's/^set(SDL_[A-Z]*_VERSION \([0-9]*\))$/\1/p' "$sources/libsdl2/CMakeLists.txt" | paste -sd .)
+    cat >"$package/SDL2Config.cmake" <<CONFIG
+add_library(SDL2::SDL2 STATIC IMPORTED)
+set_target_properties(SDL2::SDL2 PROPERTIES IMPORTED_LOCATION "\${CMAKE_CURRENT_LIST_DIR}/../../libSDL2.a"
+  INTERFACE_INCLUDE_DIRECTORIES "\${CMAKE_CURRENT_LIST_DIR}/../../../include/SDL2")
+CONFIG
+    cat >"$package/SDL2ConfigVersion.cmake" <<CONFIG
+set(PACKAGE_VERSION $version)
+set(PACKAGE_VERSION_COMPATIBLE TRUE)
+CONFIG
+    (
+        cd "$sources/libsdl2/src" || exit
+        find "$PWD" -maxdepth 1 -name '*.c'
+        for folder in atomic cpuinfo events file libm loadso/dummy stdlib thread thread/generic timer timer/dummy video \
+            video/dummy video/yuv2rgb; do
+            find "$PWD/$folder" -maxdepth 1 -name '*.c'
+        done
+    ) >"$build/files"
+    (
+        cd "$build" || exit
+        # shellcheck disable=SC2086 # one word an option
+        xargs -P "$(nproc)" -n 16 "$compiler" $core_options -I"$headers" -c <files &&
+            "$archiver" rcs "$prefix/lib/libSDL2.a" ./*.o
+    ) >"$build.log" 2>&1 || fail "cannot build SDL2 for $target; what the compiler said: $build.log"
+    keep_for_next_time libsdl2
+}
+
 # shellcheck disable=SC2086 # one word a package
 install_missing $packages
 case $target in
@@ -155,6 +197,6 @@ web)
     build_png -DPNG_HARDWARE_OPTIMIZATIONS=OFF
     # What it would measure by running a program.
     build_jpeg -DWITH_SIMD=OFF -DSIZE_T=4 -DHAVE_SIZE_T=1 -DUNSIGNED_LONG=4 -DHAVE_UNSIGNED_LONG=1
-    build_sdl -DSDL_THREADS=OFF
+    build_sdl_core
     ;;
 esac

@@ -9,4 +9,11 @@ namespace platform::common
 /// folders separated by '/'; empty when the system does not tell.
 std::string executablePath();
 
+/// The folder that it lies in, with a '/' at its end.
+inline std::string executableFolder()
+{
+    const std::string path = executablePath();
+    return path.substr(0, path.rfind('/') + 1);
+}
+
 } // namespace platform::common

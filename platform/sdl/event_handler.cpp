@@ -3,6 +3,10 @@
 #include <cmath>
 #include <utility>
 
+#include <SDL_stdinc.h>
+
+#include "platform/sdl/window_keys.h"
+
 namespace platform
 {
 namespace
@@ -12,26 +16,17 @@ constexpr Pointer kMouse{Pointer::Kind::Mouse, 0};
 
 Pointer fingerOf(const SDL_TouchFingerEvent &event) { return {Pointer::Kind::Finger, event.fingerId}; }
 
-bool togglesFullScreen(const SDL_Keysym &key)
-{
-    const bool alt = (key.mod & KMOD_ALT) != 0;
-    const bool others = (key.mod & (KMOD_CTRL | KMOD_GUI | KMOD_SHIFT)) != 0;
-    return !others && (alt ? key.sym == SDLK_RETURN : key.sym == SDLK_F11);
-}
-
-/// Only the key alone: what belongs to a chord is the desktop's.
-bool isEscape(const SDL_Keysym &key)
-{
-    constexpr int kModifiers = KMOD_ALT | KMOD_CTRL | KMOD_SHIFT | KMOD_GUI;
-    return key.sym == SDLK_ESCAPE && (key.mod & kModifiers) == 0;
-}
-
 } // namespace
 
 void EventHandler::handle(const SDL_Event &event)
 {
     switch (event.type) {
     case SDL_QUIT:
+        messages_.post(WM_QUIT);
+        break;
+    case SDL_DROPFILE:
+        droppedFile_ = event.drop.file;
+        SDL_free(event.drop.file);
         messages_.post(WM_QUIT);
         break;
     case SDL_APP_TERMINATING:
@@ -61,6 +56,9 @@ void EventHandler::handle(const SDL_Event &event)
     case SDL_FINGERMOTION:
     case SDL_FINGERUP:
         handleFinger(event.tfinger);
+        break;
+    case kPointerCancelled:
+        stylus_.cancel();
         break;
     default:
         break;
@@ -136,7 +134,7 @@ void EventHandler::keepTime()
     if (asks == titleAsks_)
         return;
     titleAsks_ = asks;
-    window_.setTitleNote(asks ? "Press Escape again to leave" : "");
+    window_.showNote(asks ? "Press Escape again to leave" : "");
 }
 
 void EventHandler::handleMouseButton(const SDL_MouseButtonEvent &event)

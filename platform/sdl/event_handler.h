@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include <SDL_events.h>
 
 #include "platform/sdl/escape_key.h"
@@ -9,6 +12,9 @@
 
 namespace platform
 {
+
+/// An event that a host may push: the system took the pointer away. A tap that has begun is dropped.
+constexpr std::uint32_t kPointerCancelled = SDL_USEREVENT;
 
 /// Turns what happens to the window into the messages that the handheld's window system would send.
 class EventHandler
@@ -24,6 +30,9 @@ public:
 
     /// To be called now and then: takes back what the title says when its time is over.
     void keepTime();
+
+    /// The file that was dropped on the window; empty for none.
+    const std::string &droppedFile() const { return droppedFile_; }
 
     /// Whether the window has the keyboard.
     bool inForeground() const { return foreground_; }
@@ -47,6 +56,7 @@ private:
     MessageQueue &messages_;
     Stylus stylus_;
     EscapeKey escape_;
+    std::string droppedFile_;
     bool foreground_ = false;
     bool pictureLost_ = false;
     bool titleAsks_ = false; ///< For the second press of Escape.

@@ -32,9 +32,13 @@ std::uint32_t FramePacer::setRefreshRate(int displayRate)
 
 std::uint32_t FramePacer::wait(VerticalSync sync)
 {
+    if (!time_.waits())
+        return 1;
     const bool held = sync == VerticalSync::On && last_ + period_ - time_.now() < period_ / 2;
     return held ? countRefreshes() : waitForRefresh();
 }
+
+std::uint32_t FramePacer::takeMissed() { return time_.waits() ? 0 : countRefreshes() - 1; }
 
 std::uint32_t FramePacer::waitForRefresh()
 {

@@ -15,6 +15,9 @@ public:
     virtual ~RealTime() = default;
     virtual Clock::time_point now();
     virtual void sleepUntil(Clock::time_point time);
+    /// False where nothing may wait, because the host calls the program at each refresh: `now` is the time of
+    /// that refresh then, and `sleepUntil` does nothing.
+    virtual bool waits() const { return true; }
 };
 
 /// Whether the display itself made a frame wait.
@@ -33,6 +36,11 @@ public:
     /// held there is nothing to wait for. @return the refreshes since the last call, more than 1 where some
     /// were missed; 1 also after so long that the machine must have slept.
     std::uint32_t wait(VerticalSync sync);
+
+    /// To be called at the beginning of what `wait` waited for. Where nothing waits only then it is known
+    /// which refresh has come. @return how many were missed beyond those that `wait` counted, 0 on other
+    /// hosts.
+    std::uint32_t takeMissed();
 
     /// Begins anew: the time until now is no frame's.
     void restart() { last_ = time_.now(); }

@@ -24,17 +24,19 @@ bool GameClock::standsBeforeRefresh() const
     return common::nextRefreshMs(elapsedMs_, rate_) == elapsedMs_ + 1;
 }
 
-void GameClock::moveToRefresh() { moveTo(common::nextRefreshMs(elapsedMs_, rate_)); }
+void GameClock::moveToRefresh(std::uint32_t missed) { moveTo(refreshAfter(1 + missed)); }
 
-void GameClock::passRefreshes(std::uint32_t count)
+void GameClock::passRefreshes(std::uint32_t count) { moveTo(refreshAfter(count) - 1); }
+
+void GameClock::pass(std::uint32_t milliseconds) { moveTo(elapsedMs_ + milliseconds); }
+
+std::uint64_t GameClock::refreshAfter(std::uint32_t count) const
 {
     std::uint64_t refresh = elapsedMs_;
     for (; count > 0; --count)
         refresh = common::nextRefreshMs(refresh, rate_);
-    moveTo(refresh - 1);
+    return refresh;
 }
-
-void GameClock::pass(std::uint32_t milliseconds) { moveTo(elapsedMs_ + milliseconds); }
 
 void GameClock::moveTo(std::uint64_t elapsedMs)
 {

@@ -26,8 +26,8 @@ public:
     /// take in what the player did, for the one after it, which is.
     bool standsBeforeRefresh() const;
 
-    /// From right before a refresh to the refresh.
-    void moveToRefresh();
+    /// From right before a refresh to the refresh, or past as many as were missed.
+    void moveToRefresh(std::uint32_t missed = 0);
 
     /// To right before the next refresh, or that after so many.
     void passRefreshes(std::uint32_t count);
@@ -38,6 +38,7 @@ private:
     /// At the greatest signed tick a frame is always due, and the clock could stand there for ever.
     static constexpr Tick kNeverHere = 0x7FFFFFFF;
 
+    std::uint64_t refreshAfter(std::uint32_t count) const;
     void moveTo(std::uint64_t elapsedMs);
 
     Tick startTick_;

@@ -151,9 +151,9 @@ bool GameWindow::isFullScreen() const
            (uncovered_ || (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0);
 }
 
-void GameWindow::setTitleNote(const std::string &note)
+void GameWindow::showNote(const std::string &note)
 {
-    if (window_)
+    if (window_ && !host_.showNote(note))
         SDL_SetWindowTitle(window_.get(), note.empty() ? title_.c_str() : note.c_str());
 }
 
@@ -193,6 +193,8 @@ WindowSize GameWindow::size() const
 
 int GameWindow::refreshRate() const
 {
+    if (const int rate = host_.refreshRate(); rate != 0)
+        return rate;
     SDL_DisplayMode mode{};
     if (!window_ || SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode) != 0)
         return 0;

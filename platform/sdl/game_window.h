@@ -38,8 +38,9 @@ public:
     bool show(bool visible);
     void toggleFullScreen();
     bool isFullScreen() const;
-    /// Says something in the title in place of the program's name, which comes back with the empty text.
-    void setTitleNote(const std::string &note);
+    /// Says something where the host has a place for it, and otherwise in the title in place of the program's
+    /// name, which comes back with the empty text.
+    void showNote(const std::string &note);
     /// Puts the window in front of all others and asks for the keyboard.
     void raise();
 

@@ -24,6 +24,7 @@ public:
 
     /// The time for which the machine has been running.
     virtual Tick machineTick() const = 0;
+    virtual RealTime &time() { return time_; }
 
     /// The user's folder for what the program writes, made if absent; where it cannot be had, one in which
     /// nothing can be made. Empty where one folder is as good as another.
@@ -58,6 +59,13 @@ public:
     /// ready, where there is nothing better. The window must outlive it.
     virtual std::unique_ptr<Presenter> makePresenter(SDL_Window *window) = 0;
 
+    /// Refreshes in a second, where the host knows that better than SDL; 0 where not.
+    virtual int refreshRate() const { return 0; }
+
+    /// Shows a note to the player, or none when it is empty. @return whether the host has a place for that;
+    /// where not, the window's title is the place.
+    virtual bool showNote(const std::string &) { return false; }
+
     /// Whether something moves, sizes and layers windows when a program asks for that.
     virtual bool hasWindowManager(SDL_Window *) const { return true; }
 
@@ -66,6 +74,9 @@ public:
     virtual void noteSystemEvent(const SDL_Event &) {}
     /// Whether the press last noted is one of a key that was down already when the window got the keyboard.
     virtual bool isPressOfHeldKey() const { return false; }
+
+private:
+    RealTime time_;
 };
 
 /// The host that the program was built for.

@@ -1,7 +1,6 @@
 #include "platform/sdl/sdl_device.h"
 
 #include <chrono>
-#include <thread>
 
 #include <SDL_error.h>
 #include <SDL_events.h>
@@ -30,8 +29,7 @@ SdlDevice::SdlDevice() = default;
 
 bool SdlDevice::createWindow(const std::string &title)
 {
-    const std::string path = common::executablePath();
-    const bool created = window_.create(title, path.substr(0, path.rfind('/') + 1) + kIconFile);
+    const bool created = window_.create(title, common::executableFolder() + kIconFile);
     if (!created)
         windowError_ = SDL_GetError();
     return created;
@@ -103,7 +101,7 @@ GXDisplayProperties SdlDevice::displayProperties() const
 void SdlDevice::endDraw()
 {
     if (clock_.standsBeforeRefresh()) {
-        clock_.moveToRefresh();
+        clock_.moveToRefresh(pacer_.takeMissed());
         return;
     }
     VerticalSync sync = VerticalSync::Off;
@@ -121,13 +119,15 @@ void SdlDevice::endDraw()
 void SdlDevice::sleep(std::uint32_t milliseconds)
 {
     if (window_.exists() && !inForeground()) {
-        SDL_WaitEventTimeout(nullptr, kBackgroundWaitMs);
+        if (host_->time().waits())
+            SDL_WaitEventTimeout(nullptr, kBackgroundWaitMs);
         pump();
         if (!inForeground())
             return;
         pacer_.restart();
     } else {
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+        RealTime &time = host_->time();
+        time.sleepUntil(time.now() + std::chrono::milliseconds(milliseconds));
     }
     clock_.pass(milliseconds);
 }

@@ -43,11 +43,14 @@ public:
     void *beginDraw() override { return displayOpen_ ? drawn_.data() : nullptr; }
     void endDraw() override;
 
+    /// Whether all that can be seen at this refresh was shown: what comes is for the next one.
+    bool waitsForRefresh() const { return clock_.standsBeforeRefresh(); }
+
+    /// The file that was dropped on the window, which ends the program; empty for none.
+    const std::string &droppedFile() const { return events_.droppedFile(); }
+
     /// Why the window could not be made; empty while nobody tried, and when it could.
     const std::string &windowError() const { return windowError_; }
-
-    /// Where the program may write what does not belong beside it; see `Host::stateFolder`.
-    std::string stateFolder() { return host_->stateFolder(); }
 
     std::u16string programPath() const override;
     std::string hostFile(const std::u16string &path) const override;
@@ -65,8 +68,7 @@ private:
     GameWindow window_{*host_};
     EventHandler events_{*host_, window_, messages_};
     SoundPlayer sound_;
-    RealTime time_;
-    FramePacer pacer_{time_};
+    FramePacer pacer_{host_->time()};
     std::string windowError_;
     bool displayOpen_ = false;
     Frame drawn_{};

@@ -1,4 +1,5 @@
 #include <alsa/asoundlib.h>
+#include <clocale>
 #include <cstdlib>
 #include <ctime>
 
@@ -53,6 +54,8 @@ public:
         // Wayland's library would complain on the terminal where it has no folder for its connections.
         if (!std::getenv("XDG_RUNTIME_DIR") && !SDL_GetHint(SDL_HINT_VIDEODRIVER))
             SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+        // Else the window system's library would drop a title with other characters than ASCII.
+        std::setlocale(LC_CTYPE, "C.UTF-8");
         endWithDisplay();
     }
     void keepWithoutDisplay(SDL_Window *window) override { surviveLossOfDisplay(window); }

@@ -167,7 +167,9 @@ TEST(GameClock, GoesAlongTheGridOfRefreshes)
     clock.moveToRefresh();
     clock.passRefreshes(58); // 57 were missed
     EXPECT_EQ(clock.tick(), 5000999u);
-    clock.pass(100);
+    clock.moveToRefresh(2); // 2 were missed that only now are known
+    EXPECT_EQ(clock.tick(), 5001033u);
+    clock.pass(67);
     clock.setRefreshRate(144);
     clock.passRefreshes(1);
     EXPECT_EQ(clock.tick(), 5001103u) << "the 159th refresh of 144 a second is the next";
@@ -191,7 +193,10 @@ struct TestTime final : RealTime {
         return std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()).count();
     }
 
+    bool waits() const override { return canWait; }
+
     Clock::time_point moment;
+    bool canWait = true;
 };
 
 TEST(FramePacer, WaitsForTheGridAndCountsWhatWasMissed)
@@ -235,6 +240,26 @@ TEST(FramePacer, LetsVerticalSyncBeTheGrid)
     time.moment += 26ms; // nearer to the third refresh than to the second
     EXPECT_EQ(pacer.wait(VerticalSync::On), 3u);
     EXPECT_EQ(time.ms(), 42);
+}
+
+TEST(FramePacer, CountsWhatWasMissedWhereNothingWaits)
+{
+    using namespace std::chrono_literals;
+    TestTime time;
+    time.canWait = false;
+    FramePacer pacer(time);
+    pacer.setRefreshRate(100);
+    EXPECT_EQ(pacer.wait(VerticalSync::On), 1u);
+    time.moment += 14ms; // late, but nearer to the first refresh than to the second
+    EXPECT_EQ(pacer.takeMissed(), 0u);
+    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
+    EXPECT_EQ(time.ms(), 14);
+    time.moment += 6ms;
+    EXPECT_EQ(pacer.takeMissed(), 0u);
+    time.moment += 31ms;
+    EXPECT_EQ(pacer.takeMissed(), 2u);
+    time.moment += 10s + 1ms;
+    EXPECT_EQ(pacer.takeMissed(), 0u) << "the machine slept";
 }
 
 TEST(FramePacer, TakesRatesThatNoDisplayHasFor60)

@@ -1,0 +1,86 @@
+#!/bin/sh
+# Makes a film of a recording or of any other script, three times enlarged, 60 pictures a second, with its sounds where
+# the film's format has sound.
+set -eu
+start=$PWD
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+scale=3
+width=240
+height=320
+rate=60
+# A GIF counts in hundredths of a second, and players take one of them for a mistake.
+gif_rate=50
+sample_rate=44100
+
+take_arguments "FILE OUT" "Makes a film of a recording. OUT ends in .mp4, .webm or .gif." "$@"
+[ $# -eq 2 ] || bad_use "a recording and a film are wanted"
+script=$(realpath "$1") || bad_use "cannot read '$1'"
+case $2 in
+/*) film=$2 ;;
+*) film=$start/$2 ;;
+esac
+case $film in
+*.mp4) codecs="-c:v libx264 -crf 16 -preset slow -pix_fmt yuv420p -movflags +faststart -c:a aac -b:a 128k" ;;
+*.webm) codecs="-c:v libvpx-vp9 -crf 24 -b:v 0 -row-mt 1 -c:a libopus" ;;
+*.gif) codecs="" ;;
+*) bad_use "'$2' ends in none of .mp4, .webm, .gif" ;;
+esac
+
+# shellcheck disable=SC2086 # one word a package
+install_missing $FILM_PACKAGES
+configure --preset release
+build --preset release --target replay data
+
+replay=$PWD/build/release/bin/replay
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+
+# The recording's own frames, at the moments at which they were seen.
+show() { "$replay" "$script" --snapshots "$work" "$@" || [ $? -eq 4 ] || fail "cannot play '$script'"; }
+
+# When each sound began, in ms since the first frame, and the end: of a trace, whose lines hold tick and sounds.
+sound_times()
+{
+    show --trace - | sed 's/^{"frame":[0-9]*,"tick":\([0-9]*\),.*"sounds":\[\([^]]*\)\].*/\1 \2/' |
+        awk 'NR == 1 { first = $1 } { last = $1 } $2 != "" { print $1 - first } END { print last - first }'
+}
+
+# The sound track as plain samples: a sound goes on until the next one begins.
+sound_track()
+{
+    ffmpeg -loglevel error -i "$replay_folder/explosion.wav" -f s16le -ac 1 -ar $sample_rate "$work/sound.raw"
+    sound_bytes=$(stat -c %s sound.raw)
+    played=0
+    sounding=
+    sound_times | while read -r ms; do
+        end=$((ms * sample_rate / 1000 * 2))
+        bytes=$((end - played))
+        heard=0
+        if [ -n "$sounding" ]; then
+            heard=$((bytes < sound_bytes ? bytes : sound_bytes))
+            head -c $heard sound.raw
+        fi
+        head -c $((bytes - heard)) /dev/zero
+        played=$end
+        sounding=yes
+    done
+}
+
+raw="-f rawvideo -pixel_format rgb24 -video_size ${width}x$height -framerate $rate"
+enlarged="scale=iw*$scale:ih*$scale:flags=neighbor"
+replay_folder=$(dirname "$replay")
+echo "Filming ..."
+# shellcheck disable=SC2086 # one word an option
+if [ -z "$codecs" ]; then
+    show --frames - | ffmpeg -loglevel error -y $raw -i - -vf \
+        "fps=$gif_rate,$enlarged,split[a][b];[a]palettegen=stats_mode=diff[p];[b][p]paletteuse=dither=none:diff_mode=rectangle" \
+        "$film" || fail "cannot make the film '$film'"
+else
+    sound_track >track.raw
+    show --frames - | ffmpeg -loglevel error -y $raw -i - -f s16le -ac 1 -ar $sample_rate -i track.raw \
+        -vf "$enlarged" $codecs "$film" || fail "cannot make the film '$film'"
+fi
+echo "The film: $film"

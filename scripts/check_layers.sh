@@ -24,11 +24,13 @@ find platform graphics shell screens game replay program -name '*.cpp' -o -name 
         allow["startup"] = "headers graphics shell widgets game menus"
         allow["replay"] = "headers device common virtual graphics shell game startup"
         allow["program"] = "headers device common virtual sdl startup replay"
+        allow["program for a host"] = allow["program"] " program host"
     }
 
     function layer(file)
     {
         if (file ~ "^platform/sdl/[a-z_]+/") return "host"
+        if (file ~ "^program/[a-z_]+/") return "program for a host"
         if (file ~ "^platform/[a-z_]+/") { sub("^platform/", "", file); sub("/.*", "", file); return file }
         if (file ~ "^platform/device\\.h$") return "device"
         if (file ~ "^platform/") return "headers"

@@ -47,8 +47,7 @@ public:
             path.resize(path.size() + PATH_MAX);
             length = readlink("/proc/self/exe", path.data(), path.size());
         } while (length == static_cast<ssize_t>(path.size()));
-        path.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
-        return path;
+        return path.substr(0, length < 0 ? 0 : static_cast<std::size_t>(length));
     }
 
     bool isOtherCopyRunning() override { return singleInstance_.isOtherRunning(); }

@@ -4,8 +4,8 @@
 #   window_test.sh [FOLDER_OF_THE_PROGRAMS, build/release/bin by default]
 set -eu
 
-# shellcheck source=tests/support/device_demo.sh
-. "$(dirname "$0")/../../support/device_demo.sh"
+# shellcheck source=bench/device_demo.sh
+. "$(dirname "$0")/../../../bench/device_demo.sh"
 
 # expect WHAT LINE...: the program's next lines, so that a line too many is seen too.
 expect()

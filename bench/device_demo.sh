@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2034
 
 # shellcheck source=tests/support/display.sh
-. "$(dirname "${BASH_SOURCE[0]}")/display.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../tests/support/display.sh"
 
 programs=$(realpath "${1:-$project/build/release/bin}")
 [ -x "$programs/device_demo" ] || fail "$programs/device_demo is missing: build the project first"

@@ -194,47 +194,36 @@ struct TestTime final : RealTime {
     Clock::time_point moment;
 };
 
-TEST(FramePacer, WaitsForTheGridAndCountsWhatWasMissed)
+TEST(FramePacer, WaitsForTheGridAndCountsTheRefreshesThatPassed)
 {
-    using namespace std::chrono_literals;
-    TestTime time;
-    FramePacer pacer(time);
-    EXPECT_EQ(pacer.setRefreshRate(100), 100u);
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 10);
-    time.moment += 19ms; // at 29: late, but before the refresh at 30
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 30) << "what is late does not move the grid";
-    time.moment += 35ms; // at 65: the refreshes at 40, 50 and 60 have passed
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 3u);
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 70);
-    time.moment += 10s + 10ms; // the longest frame there is
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1001u);
-    time.moment += 10s + 11ms;
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u) << "the machine slept";
-    pacer.restart();
-    time.moment += 3ms;
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 20101);
-}
-
-TEST(FramePacer, LetsVerticalSyncBeTheGrid)
-{
-    using namespace std::chrono_literals;
-    TestTime time;
-    FramePacer pacer(time);
-    pacer.setRefreshRate(100);
-    time.moment += 6ms; // held for more than half a period
-    EXPECT_EQ(pacer.wait(VerticalSync::On), 1u);
-    EXPECT_EQ(time.ms(), 6);
-    time.moment += 5ms; // not held at all
-    EXPECT_EQ(pacer.wait(VerticalSync::On), 1u);
-    EXPECT_EQ(time.ms(), 16);
-    time.moment += 26ms; // nearer to the third refresh than to the second
-    EXPECT_EQ(pacer.wait(VerticalSync::On), 3u);
-    EXPECT_EQ(time.ms(), 42);
+    struct Frame {
+        int takesMs;
+        std::uint32_t refreshes;
+        long long shownAtMs;
+    };
+    const auto show = [](VerticalSync sync, std::initializer_list<Frame> frames) {
+        TestTime time;
+        FramePacer pacer(time);
+        EXPECT_EQ(pacer.setRefreshRate(100), 100u);
+        for (const auto &[takesMs, refreshes, shownAtMs] : frames) {
+            time.moment += std::chrono::milliseconds(takesMs);
+            EXPECT_EQ(pacer.wait(sync), refreshes) << shownAtMs;
+            EXPECT_EQ(time.ms(), shownAtMs);
+        }
+    };
+    show(VerticalSync::Off, {{0, 1, 10},
+                             {19, 1, 29}, // late, but before the refresh at 30
+                             {0, 1, 30},  // what is late does not move the grid
+                             {35, 3, 65}, // after the refreshes at 40, 50 and 60
+                             {0, 1, 70},
+                             {10010, 1001, 10080}, // the longest frame there is
+                             {10011, 1, 20091},    // the machine slept
+                             {3, 1, 20101}});
+    show(VerticalSync::On, {{6, 1, 6},   // held for more than half a period
+                            {5, 1, 16},  // not held at all
+                            {26, 3, 42}, // nearer to the third refresh than to the second
+                            {10000, 1000, 10042},
+                            {10001, 1, 20043}});
 }
 
 TEST(FramePacer, TakesRatesThatNoDisplayHasFor60)

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "platform/common/picture.h"
 #include "tests/support/device_test.h"
 
 namespace mygame::tests
@@ -74,6 +75,8 @@ TEST_F(ImageLoading, ReadsPicturesOfEveryKindAndOfSidesFrom1To4096)
 
 TEST_F(ImageLoading, RefusesWhatIsNoPicture)
 {
+    for (const auto &[width, height] : {std::pair{0u, 1u}, {1u, 0u}, {4097u, 1u}, {1u, 4097u}})
+        EXPECT_FALSE(platform::common::Picture().allocate(width, height)) << width << " x " << height;
     visitPictures("/bad",
                   [](const auto &, const Surface &picture, const auto &) { EXPECT_TRUE(fails(picture)); });
     std::filesystem::create_directory("folder.png");

@@ -10,7 +10,7 @@ set -eu
 # expect WHAT LINE...: the program's next lines, so that a line too many is seen too.
 expect()
 {
-    local what=$1 line
+    local what=$1 wanted line
     shift
     for wanted; do
         read -r -t $patience line <&4 || line="nothing"
@@ -62,52 +62,43 @@ test_picture()
     expect_colours "edges of a square" "10204A FFFFFF FFFFFF 10204A" 309,100 310,100 399,100 400,100
 }
 
-# test_layout WIDTH HEIGHT WHERE: in a window or full screen of that size the picture fills the room, or nine tenths
-# of it in a whole multiple, and lies in the middle; it begins and ends where clicks say.
+# test_layout WHERE LEFT TOP WIDTH HEIGHT: the picture has that place in the window, as clicks on its corners say, too;
+# a pixel has one colour where it is large enough, and beside the picture there is nothing.
 test_layout()
 {
-    local width=$(($2 * 240 / 320)) height=$2 whole left top right bottom first=0
-    [ $width -le "$1" ] || width=$1 height=$(($1 * 320 / 240))
-    whole=$((width / 240))
-    [ $((whole * 2400)) -lt $((width * 9)) ] || width=$((whole * 240)) height=$((whole * 320))
-    [ "$width" -ge 240 ] || first=$((120 / width)) # The middle one of those that share a pixel.
-    left=$((($1 - width) / 2)) top=$((($2 - height) / 2))
-    right=$((left + width - 1)) bottom=$((top + height - 1))
     eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y)=')"
-    local place
-    for place in "$left $top" "$right $top" "$left $bottom" "$right $bottom" "$((left + width / 2)) $((top + height / 2))"; do
-        click $((X + ${place% *})) $((Y + ${place#* }))
-    done
-    local last_x=$((239 - first)) last_y=$((319 - first))
-    local middle="$(((width / 2 * 2 + 1) * 120 / width)) $(((height / 2 * 2 + 1) * 160 / height))"
-    expect "clicks at the corners and in the middle of $3" \
-        "down $first $first" "up $first $first" "down $last_x $first" "up $last_x $first" \
-        "down $first $last_y" "up $first $last_y" "down $last_x $last_y" "up $last_x $last_y" \
-        "down $middle" "up $middle"
-    [ "$width" -ge 240 ] || return 0
+    local left=$((X + $2)) top=$((Y + $3)) right=$((X + $2 + $4 - 1)) bottom=$((Y + $3 + $5 - 1)) corner
     local wanted="FFFFFF FFFFFF FFFFFF FFFFFF" places="$left,$top $right,$top $left,$bottom $right,$bottom"
-    if [ "$width" -ge 480 ]; then
-        # The middle of the second pixel's place is the background's colour, exactly.
-        wanted+=" 10204A" places+=" $((left + width * 3 / 480)),$((top + height * 3 / 640))"
+    for corner in $places; do
+        click "${corner%,*}" "${corner#*,}"
+    done
+    expect "clicks at the corners, $1" "down 0 0" "up 0 0" "down 239 0" "up 239 0" \
+        "down 0 319" "up 0 319" "down 239 319" "up 239 319"
+    if [ "$4" -ge 480 ]; then
+        wanted+=" 10204A" places+=" $((left + $4 * 3 / 480)),$((top + $5 * 3 / 640))"
     fi
-    if [ $left -gt 0 ]; then
+    if [ "$2" -gt 0 ]; then
         wanted+=" 000000 000000" places+=" $((left - 1)),$top $((right + 1)),$bottom"
     fi
-    # shellcheck disable=SC2046 # two words a place
-    expect_colours "corners, pixels and bars of $3" "$wanted" $(for place in $places; do
-        echo "$((X + ${place%,*})),$((Y + ${place#*,}))"
-    done)
+    # shellcheck disable=SC2086 # one word a place
+    expect_colours "corners, pixels and bars, $1" "$wanted" $places
 }
 
 test_sizes()
 {
     local size
-    for size in "100 140" "230 500" "240 320" "300 400" "333 777" "500 700" "719 960" "800 1000"; do
-        # shellcheck disable=SC2086 # two words
-        xdotool windowsize --sync "$window" $size
-        # shellcheck disable=SC2086
-        test_layout $size "a window of $size"
-    done
+    while read -r size; do
+        # shellcheck disable=SC2086 # a word a number
+        set -- $size
+        xdotool windowsize --sync "$window" "$1" "$2"
+        test_layout "in a window of $1 x $2" "${@:3}"
+    done << SIZES
+240 320 0 0 240 320
+333 777 0 166 333 444
+500 700 10 30 480 640
+719 960 0 1 719 958
+800 1000 40 20 720 960
+SIZES
     xdotool windowsize --sync "$window" 720 960
 }
 
@@ -241,15 +232,16 @@ test_window_manager()
 for depth in 16 30; do
     (DEPTH=$depth start_display; cd "$work"; test_picture)
 done
-for size in ${FULL_SCREENS:-240x320 1024x600 1920x1080}; do
+for layout in "240x320 0 0 240 320" "1024x600 287 0 450 600" "1920x1080 555 0 810 1080"; do
     (
+        size=${layout%% *}
         SIZE=$size start_display
         cd "$work"
         start_demo
-        has_geometry() { xdotool getwindowgeometry --shell "$window" | tr '\n' ' ' | grep -q "WIDTH=${size%x*} HEIGHT=${size#*x}"; }
         xdotool key F11
-        wait_for "full screen of $size" has_geometry
-        test_layout "${size%x*}" "${size#*x}" "a full screen of $size"
+        wait_for "full screen of $size" has_geometry "WIDTH=${size%x*} HEIGHT=${size#*x}"
+        # shellcheck disable=SC2086 # a word a number
+        test_layout "in a full screen of $size" ${layout#* }
     )
 done
 start_display

@@ -138,8 +138,6 @@ void GameWindow::makePresenter(bool graphicsProcessor)
 
 bool GameWindow::show(bool visible)
 {
-    if (!window_)
-        return false;
     const bool wasVisible = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_SHOWN) != 0;
     host_.showWindow(window_.get(), visible);
     return wasVisible;
@@ -147,8 +145,6 @@ bool GameWindow::show(bool visible)
 
 void GameWindow::toggleFullScreen()
 {
-    if (!window_)
-        return;
     if (!host_.hasWindowManager(window_.get())) {
         toggleCover();
         return;
@@ -165,14 +161,12 @@ void GameWindow::toggleFullScreen()
 
 bool GameWindow::isFullScreen() const
 {
-    return window_ &&
-           (uncovered_ || (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0);
+    return uncovered_ || (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
 }
 
 void GameWindow::setTitleNote(const std::string &note)
 {
-    if (window_)
-        SDL_SetWindowTitle(window_.get(), note.empty() ? title_.c_str() : note.c_str());
+    SDL_SetWindowTitle(window_.get(), note.empty() ? title_.c_str() : note.c_str());
 }
 
 void GameWindow::toggleCover()
@@ -192,8 +186,6 @@ void GameWindow::toggleCover()
 
 void GameWindow::raise()
 {
-    if (!window_)
-        return;
     if ((SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MINIMIZED) != 0)
         SDL_RestoreWindow(window_.get());
     SDL_RaiseWindow(window_.get());
@@ -202,17 +194,15 @@ void GameWindow::raise()
 WindowSize GameWindow::size() const
 {
     WindowSize size{};
-    if (window_) {
-        SDL_GetWindowSize(window_.get(), &size.points.width, &size.points.height);
-        SDL_GetWindowSizeInPixels(window_.get(), &size.pixels.width, &size.pixels.height);
-    }
+    SDL_GetWindowSize(window_.get(), &size.points.width, &size.points.height);
+    SDL_GetWindowSizeInPixels(window_.get(), &size.pixels.width, &size.pixels.height);
     return size;
 }
 
 int GameWindow::refreshRate() const
 {
     SDL_DisplayMode mode{};
-    if (!window_ || SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode) != 0)
+    if (SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode) != 0)
         return 0;
     return mode.refresh_rate;
 }

@@ -122,7 +122,7 @@ TEST_F(ReplayTool, TellsHelpAndVersion)
     EXPECT_EQ(help.exit + version.exit, 0);
 }
 
-TEST_F(ReplayTool, PresentsTwoFramesForEachRefresh)
+TEST_F(ReplayTool, PresentsTwoFramesForEachRefreshUntilTheScriptEnds)
 {
     using Times = std::vector<std::uint32_t>;
     const std::pair<const char *, Times> kRuns[] = {
@@ -134,6 +134,11 @@ TEST_F(ReplayTool, PresentsTwoFramesForEachRefresh)
         {"at 30 refresh 20\nat 90 frame-cost 3\nat 101 refresh 100\nat 120 quit\n",
          {0, 16, 32, 49, 50, 99, 102, 109, 110, 119, 120}},
         {"refresh 50\nat 0 frame-cost 40\nat 40 quit\n", {0, 40}},
+        // Cut short: without a quit at the end.
+        {"", {0}},
+        {"frame-cost 9 # at 5 quit", {0}},
+        {"at 1 quit\nat 30 touch 1 1", {0, 16}},
+        {"at 16 touch 1 1\nat 17 touch 1 1", {0, 16, 32}},
     };
     for (const auto &[script, times] : kRuns)
         EXPECT_EQ(frameTimes(traceOf(script)), times) << script;
@@ -146,16 +151,6 @@ TEST_F(ReplayTool, PresentsTwoFramesForEachRefresh)
         device.endDraw();
         EXPECT_EQ(device.elapsedMs(), next);
     }
-}
-
-TEST_F(ReplayTool, EndsWhereAScriptWasCutShort)
-{
-    EXPECT_EQ(frameTimes(traceOf("")), std::vector<std::uint32_t>{0});
-    EXPECT_EQ(frameTimes(traceOf("frame-cost 9 # at 5 quit")), std::vector<std::uint32_t>{0});
-    EXPECT_EQ(frameTimes(traceOf("at 1 quit\nat 30 touch 1 1")), (std::vector<std::uint32_t>{0, 16}));
-    EXPECT_EQ(frameTimes(traceOf("at 16 touch 1 1\nat 17 touch 1 1")),
-              (std::vector<std::uint32_t>{0, 16, 32}));
-    EXPECT_EQ(run.exit, 0);
 }
 
 /// The picture of a PNG file, in the form of a film.

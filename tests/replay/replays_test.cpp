@@ -112,7 +112,7 @@ TEST_P(Replays, Show)
 {
     const Evidence evidence = evidenceOf(GetParam());
     const bool isPinned = readFile(GetParam() + ".txt").find(" check ") != std::string::npos;
-    EXPECT_EQ(isPinned, !evidence.frames.empty()) << "tests/pin.sh pins it";
+    EXPECT_EQ(isPinned, !evidence.frames.empty()) << "scripts/pin.sh pins it";
     std::string text = readFile(kReplays / (GetParam() + ".facts"));
     EXPECT_NE(text, "") << GetParam() << " has no facts";
     if (text.find("errors are") == std::string::npos)
@@ -122,7 +122,7 @@ TEST_P(Replays, Show)
         if (std::regex_match(fact, kNoFact))
             continue;
         EXPECT_EQ(faultOf(fact, evidence), "")
-            << fact << "; tests/recorded.sh " << GetParam() << " shows what changed";
+            << fact << "; scripts/recorded.sh " << GetParam() << " shows what changed";
     }
 }
 

@@ -11,7 +11,6 @@
 #include "game/game_state.h"
 #include "graphics/image_loading.h"
 #include "platform/virtual/virtual_device.h"
-#include "shell/application.h"
 #include "shell/startup.h"
 
 namespace mygame::tests
@@ -35,13 +34,6 @@ template <class Picture, class... Arguments> Picture loaded(const std::string &f
     Picture picture;
     EXPECT_TRUE(picture.load(dataFilePath({file.begin(), file.end()}), arguments...)) << file;
     return picture;
-}
-
-/// Calls visit(x, y, pixel) for every pixel.
-template <class Visitor> void visitPixels(const Surface &surface, Visitor visit)
-{
-    for (std::int32_t i = 0; i < surface.pixelCount(); ++i)
-        visit(i % surface.width(), i / surface.width(), surface.pixels()[i]);
 }
 
 // From 0 to 63.
@@ -121,10 +113,13 @@ TEST(Data, MixesNothingWithTheKey)
 {
     for (const char *file :
          {"explosion.png", "font.png", "font_big.png", "menu_left.png", "menu_right.png"}) {
-        visitPixels(loaded<Surface>(file), [&](std::int32_t x, std::int32_t y, Pixel pixel) {
+        const auto picture = loaded<Surface>(file);
+        for (std::int32_t i = 0; i < picture.pixelCount(); ++i) {
+            const Pixel pixel = picture.pixels()[i];
             const int magenta = std::min(redOf(pixel), blueOf(pixel)) - greenOf(pixel);
-            EXPECT_TRUE(pixel == kMagenta || magenta < 10) << file << " " << x << ", " << y;
-        });
+            EXPECT_TRUE(pixel == kMagenta || magenta < 10)
+                << file << " " << i % picture.width() << ", " << i / picture.width();
+        }
     }
     const std::int32_t blastFrames = loaded<AnimatedSprite>("explosion.png", 1).frameCount();
     EXPECT_TRUE(blastFrames >= 16 && blastFrames <= 24) << blastFrames;

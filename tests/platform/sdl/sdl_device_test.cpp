@@ -230,10 +230,8 @@ TEST(FramePacer, TakesRatesThatNoDisplayHasFor60)
 {
     TestTime time;
     FramePacer pacer(time);
-    EXPECT_EQ(pacer.setRefreshRate(0), 60u);
-    EXPECT_EQ(pacer.setRefreshRate(23), 60u);
-    EXPECT_EQ(pacer.setRefreshRate(24), 24u);
-    EXPECT_EQ(pacer.setRefreshRate(1000), 500u);
+    for (const auto &[told, taken] : {std::pair{0, 60u}, {23, 60u}, {24, 24u}, {1000, 500u}})
+        EXPECT_EQ(pacer.setRefreshRate(told), taken);
 }
 
 TEST(EscapeKey, CountsWhenPressedTwiceWithinTwoSeconds)

@@ -35,6 +35,7 @@ struct SdlDeviceTest : testing::Test {
         setenv("SDL_VIDEODRIVER", "dummy", 1);
         device = std::make_unique<SdlDevice>();
         useDevice(*device);
+        ASSERT_EQ(GXOpenDisplay(nullptr, GX_FULLSCREEN), 0) << "without a window";
         window = CreateWindowExW(0, u"", u"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
         SDL_SetWindowSize(SDL_GetWindowFromID(1), 2 * kScreenSize.width, 2 * kScreenSize.height);
         ShowWindow(window, SW_SHOW);

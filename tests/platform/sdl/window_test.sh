@@ -87,6 +87,7 @@ test_layout()
 test_sizes()
 {
     local size
+    xprop -id "$window" WM_NORMAL_HINTS | grep -q "minimum size: 60 by 80" || fail "another smallest window"
     while read -r size; do
         # shellcheck disable=SC2086 # a word a number
         set -- $size
@@ -127,6 +128,7 @@ test_keys()
     xdotool windowfocus $no_window
     wait_for "the title in the background" asks_no_more
     xdotool keydown Escape windowfocus "$window" keyup Escape
+    wait_for "movement in the foreground" moves
     expect_nothing_else "an Escape that came along from another window"
     asks_no_more || fail "an Escape that came along from another window counts"
     xdotool key Escape Escape
@@ -156,6 +158,7 @@ test_background()
     xdotool windowfocus $no_window windowunmap "$window" windowmap "$window" windowfocus $no_window
     expect_colours "picture uncovered in the background" "FFFFFF 000000" 310,62 279,500
     xdotool windowfocus "$window"
+    wait_for "movement in the foreground" moves # SDL drops a click that comes with the keyboard.
     expect_nothing_else "return to the foreground"
 }
 
@@ -232,16 +235,18 @@ test_window_manager()
 for depth in 16 30; do
     (DEPTH=$depth start_display; cd "$work"; test_picture)
 done
-for layout in "240x320 0 0 240 320" "1024x600 287 0 450 600" "1920x1080 555 0 810 1080"; do
+# Displays, the size of the first window on each, and where the picture lies in full screen.
+for display in "240x400 224x298 0 40 240 320" "1024x600 414x552 287 0 450 600" "1920x1080 720x960 555 0 810 1080"; do
     (
-        size=${layout%% *}
+        read -r size first layout <<< "$display"
         SIZE=$size start_display
         cd "$work"
         start_demo
+        has_geometry "WIDTH=${first%x*} HEIGHT=${first#*x}" || fail "the first window on a display of $size"
         xdotool key F11
         wait_for "full screen of $size" has_geometry "WIDTH=${size%x*} HEIGHT=${size#*x}"
         # shellcheck disable=SC2086 # a word a number
-        test_layout "in a full screen of $size" ${layout#* }
+        test_layout "in a full screen of $size" $layout
     )
 done
 start_display

@@ -103,6 +103,10 @@ TEST_F(ImageLoading, RefusesAPictureCutShortAndSurvivesDamage)
             else
                 EXPECT_TRUE(fails(rest)) << cut << " bytes missing";
         }
+        if (name.ends_with(".jpg")) {
+            const std::string stray(64, 's');
+            EXPECT_TRUE(fails(decoded(std::string(whole).insert(whole.size() - endMarker, stray))));
+        }
         for (std::size_t at = 0; at < whole.size(); at += 3) {
             std::string damaged = whole;
             damaged[at] = static_cast<char>(damaged[at] ^ (at % 2 ? 0x01 : 0xFF));

@@ -168,13 +168,14 @@ std::string filmPicture(const std::string &path)
 
 TEST_F(ReplayTool, FilmsSixtyPicturesASecond)
 {
-    // The menu slides in: each frame, of 0, 20, 40, 60, 70 and 80 ms after the first, is another picture.
+    // The menu slides in: each frame, of 0, 20, 40, 60, 70, 80, 90 and 100 ms after the first, is another
+    // picture.
     const std::string script = "at 0 frame-buffer off\nat 40 frame-buffer on\nat 40 frame-cost 20\n"
                                "at 40 snapshot a\nat 60 snapshot b\nat 80 snapshot c\nat 100 snapshot d\n"
-                               "at 100 frame-cost 10\nat 120 quit\n";
+                               "at 100 frame-cost 10\nat 120 snapshot e\nat 140 snapshot f\nat 140 quit\n";
     play(script, "--frames film");
     std::string expected;
-    for (const char *name : {"a", "a", "b", "c", "d"})
+    for (const char *name : {"a", "a", "b", "c", "d", "e", "f"})
         expected += filmPicture(std::string(name) + ".png");
     EXPECT_TRUE(readFile("film") == expected) << readFile("film").size();
     EXPECT_TRUE(play(script, "--frames -").output == expected);

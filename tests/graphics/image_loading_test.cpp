@@ -21,7 +21,6 @@ Surface loaded(const std::u16string &path)
     const bool success = surface.load(path);
     EXPECT_EQ(surface.pixels() != nullptr, success);
     EXPECT_EQ(surface.width() > 0 && surface.height() > 0, success);
-    EXPECT_EQ(surface.pixels() != nullptr, success);
     EXPECT_TRUE(surface.keyEnabled() && surface.colourKey() == 'k');
     EXPECT_EQ(lettersOf(copy), "ab/");
     return surface;

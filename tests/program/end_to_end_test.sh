@@ -25,6 +25,7 @@ leave_game()
 }
 
 start played
+xprop -id "$window" _NET_WM_ICON | grep -q "Icon (64 x 64)" || fail "the window has no icon"
 start_game
 for x in 60 120 180; do
     tap $x 120

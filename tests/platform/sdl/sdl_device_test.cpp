@@ -84,8 +84,10 @@ struct SdlDeviceTest : testing::Test {
     static std::string messages()
     {
         const std::map<std::uint32_t, std::string> names = {
-            {WM_LBUTTONDOWN, "down "}, {WM_MOUSEMOVE, "move "}, {WM_LBUTTONUP, "up "},
-            {WM_ACTIVATE, "active "},  {WM_SETFOCUS, "focus "}, {WM_KILLFOCUS, "no focus "}};
+            {WM_LBUTTONDOWN, "down "}, {WM_MOUSEMOVE, "move "},
+            {WM_LBUTTONUP, "up "},     {WM_ACTIVATE, "active "},
+            {WM_SETFOCUS, "focus "},   {WM_KILLFOCUS, "no focus "},
+            {WM_QUIT, "quit "},        {WM_QUERYENDSESSION, "end of session "}};
         std::string text;
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
@@ -126,6 +128,13 @@ TEST_F(SdlDeviceTest, StandsStillInTheBackground)
     EXPECT_EQ(messages(), "active 1 0,0  focus 0 0,0  ");
 }
 
+TEST_F(SdlDeviceTest, AsksForTheEndOnce)
+{
+    push({.type = SDL_QUIT});
+    push({.type = SDL_APP_TERMINATING});
+    EXPECT_EQ(messages(), "quit 0 0,0  end of session 0 0,0  ");
+}
+
 TEST_F(SdlDeviceTest, HasOneStylusForMouseAndFingers)
 {
     finger(SDL_FINGERDOWN, 7, 0.0f, 0.0f);
@@ -139,19 +148,22 @@ TEST_F(SdlDeviceTest, HasOneStylusForMouseAndFingers)
     EXPECT_EQ(messages(), "down 1 0,0  move 1 239,319  up 0 0,160  ");
 }
 
-TEST_F(SdlDeviceTest, ShowsAFrameOnlyWhenItIsNew)
+TEST_F(SdlDeviceTest, ShowsOnlyTheRowsOfAFrameThatAreNew)
 {
     showFrame(0xFFFF);
     auto *shown = static_cast<std::uint32_t *>(SDL_GetWindowSurface(SDL_GetWindowFromID(1))->pixels);
     EXPECT_EQ(shown[1], 0xFFFFFFFF);
 
-    shown[1] = 1;
+    constexpr int kLast = 4 * kScreenSize.width * kScreenSize.height - 1;
+    shown[1] = shown[kLast] = 1;
     showFrame(0xFFFF);
     EXPECT_EQ(shown[1], 1u) << "an unchanged frame was shown again";
+    showFrame(0);
+    EXPECT_TRUE(shown[1] == 0xFF000000 && shown[kLast] == 1) << "one row has changed";
     focus(SDL_WINDOWEVENT_EXPOSED);
     messages();
     showFrame(0xFFFF);
-    EXPECT_EQ(shown[1], 0xFFFFFFFF) << "what the window lost was not shown again";
+    EXPECT_TRUE(shown[1] == 0xFFFFFFFF && shown[kLast] != 1) << "what the window lost was not shown again";
 }
 
 TEST(GameClock, GoesAlongTheGridOfRefreshes)

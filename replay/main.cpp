@@ -5,6 +5,7 @@
 #include <iostream>
 #include <string>
 
+#include "platform/common/executable_path.h"
 #include "platform/virtual/virtual_device.h"
 #include "replay/options.h"
 #include "replay/playback.h"
@@ -54,8 +55,7 @@ bool checkDataFolder(const std::string &folder)
 
 std::string executableFolder()
 {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
+    return std::filesystem::path(platform::common::executablePath()).parent_path().string();
 }
 
 void runProgram(replay::Playback &playback)

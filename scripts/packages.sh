@@ -8,7 +8,13 @@ ART_PACKAGES="g++ imagemagick libjpeg-dev libpng-dev librsvg2-bin povray povray-
 CROSS_PACKAGES="$TEST_PACKAGES g++-arm-linux-gnueabihf g++-s390x-linux-gnu qemu-user"
 # The sanitizers of clang are a package of their own, and so is what finds the lines of their reports.
 FUZZ_PACKAGES="$TEST_PACKAGES clang libclang-rt-dev llvm"
+LIBRARY_PACKAGES="cmake dpkg-dev ninja-build"
+WINDOWS_PACKAGES="$LIBRARY_PACKAGES g++-mingw-w64-x86-64-posix zip"
+WEB_PACKAGES="$LIBRARY_PACKAGES emscripten"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
+
+# Where Debian's package has it.
+EMSCRIPTEN_TOOLCHAIN=/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake
 
 fail()
 {

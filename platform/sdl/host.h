@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "platform/clock.h"
 
@@ -23,10 +22,6 @@ public:
 
     /// The time for which the machine has been running.
     virtual Tick machineTick() const = 0;
-
-    /// The executable's full path in UTF-8, however long, folders separated by '/'; empty when the system
-    /// does not tell.
-    virtual std::string programPath() const = 0;
 
     /// Takes the place of the one running copy unless another copy has it. @return whether one has. Where
     /// copies cannot find each other, every one is alone.

@@ -7,6 +7,7 @@
 #include <SDL_events.h>
 
 #include "platform/common/device_path.h"
+#include "platform/common/executable_path.h"
 
 namespace platform
 {
@@ -29,7 +30,7 @@ SdlDevice::SdlDevice() = default;
 
 bool SdlDevice::createWindow(const std::string &title)
 {
-    const std::string path = host_->programPath();
+    const std::string path = common::executablePath();
     const bool created = window_.create(title, path.substr(0, path.rfind('/') + 1) + kIconFile);
     if (!created)
         windowError_ = SDL_GetError();
@@ -131,7 +132,7 @@ void SdlDevice::sleep(std::uint32_t milliseconds)
     clock_.pass(milliseconds);
 }
 
-std::u16string SdlDevice::programPath() const { return common::toDevicePath(host_->programPath()); }
+std::u16string SdlDevice::programPath() const { return common::toDevicePath(common::executablePath()); }
 
 std::string SdlDevice::hostFile(const std::u16string &path) const { return common::toHostPath(path); }
 

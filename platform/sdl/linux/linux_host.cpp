@@ -1,8 +1,6 @@
 #include <alsa/asoundlib.h>
-#include <climits>
 #include <cstdlib>
 #include <ctime>
-#include <unistd.h>
 
 #include <SDL_hints.h>
 #include <SDL_video.h>
@@ -37,17 +35,6 @@ public:
         timespec time{};
         clock_gettime(CLOCK_BOOTTIME, &time);
         return static_cast<Tick>(time.tv_sec * 1000 + time.tv_nsec / 1000000);
-    }
-
-    std::string programPath() const override
-    {
-        std::string path;
-        ssize_t length = 0;
-        do {
-            path.resize(path.size() + PATH_MAX);
-            length = readlink("/proc/self/exe", path.data(), path.size());
-        } while (length == static_cast<ssize_t>(path.size()));
-        return path.substr(0, length < 0 ? 0 : static_cast<std::size_t>(length));
     }
 
     bool isOtherCopyRunning() override { return singleInstance_.isOtherRunning(); }

@@ -55,7 +55,10 @@ asks_no_more() { has_title MyGame; }
 test_picture()
 {
     # At three times size the screen begins at 280, 32; bars are black, colours exact, edges sharp.
+    local uptime
+    uptime=$(cut -d. -f1 /proc/uptime)
     start_demo
+    [ $(((16#$tick - uptime * 1000) & 0x3FFFFFFF)) -lt 60000 ] || fail "the game's time began at $tick, not at the machine's"
     expect_colours "first picture" "000000 FFFFFF FFFFFF 10204A" 279,500 280,32 999,991 283,35
     expect_colours "colours at three times size" "FFFFFF 00FF00 FF0000 0000FF FF00FF 000000" \
         310,62 424,62 538,62 652,62 766,62 880,62

@@ -73,15 +73,17 @@ TEST_F(ReplayTool, ReadsEveryDirectiveAtTheEndsOfItsRange)
 TEST_F(ReplayTool, RefusesWhatItCannotReadOrWrite)
 {
     writeFile("script", "at 1 quit\n");
-    for (const char *arguments :
-         {"", "script script", "script --loud", "-l script", "script --trace", "script --trace ''", "missing",
-          ".", "script --data missing", "script --data script", "script --trace missing/trace",
+    for (const std::string arguments :
+         {"", "script script", "script --loud", "script -l", "script --trace", "script --trace '' --pin",
+          "missing", ".", "script --data missing", "script --data script", "script --trace missing/trace",
           "script --trace /dev/full", "script --snapshots script", "script --frames missing/film",
           "script --frames /dev/full", "script --pin missing/script", "script --pin /dev/full",
           "script --trace - --frames -"}) {
         const Outcome run = runReplay(arguments);
         EXPECT_EQ(run.exit, 2) << arguments;
         EXPECT_TRUE(run.errors.starts_with("replay: ")) << run.errors;
+        EXPECT_NE(run.errors.find(arguments.substr(arguments.rfind(' ') + 1)), std::string::npos)
+            << run.errors << " does not name what cannot be had";
         EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
     }
 }

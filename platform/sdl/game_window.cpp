@@ -201,9 +201,8 @@ WindowSize GameWindow::size() const
 
 int GameWindow::refreshRate() const
 {
-    SDL_DisplayMode mode{};
-    if (SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode) != 0)
-        return 0;
+    SDL_DisplayMode mode{}; // As it stays where there is none.
+    SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode);
     return mode.refresh_rate;
 }
 

@@ -316,6 +316,8 @@ TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
         scaler.draw(frame, {0, lower.first}, reinterpret_cast<std::byte *>(picture.data()), pitch);
         scaler.draw(frame, lower, reinterpret_cast<std::byte *>(picture.data()) + lower.first * pitch, pitch);
         EXPECT_LE(lower.first * 320 / size.height, 100);
+        for (int last = 1; last <= 320; ++last)
+            EXPECT_GE(scaler.rowsShowing({0, last}).last * 320, last * size.height);
         for (int y = 0; y < size.height; ++y) {
             for (int x = 0; x < size.width; ++x) {
                 const int left = x * 240 / size.width, right = ((x + 1) * 240 - 1) / size.width;

@@ -24,10 +24,7 @@ constexpr std::int32_t kNoRow = -1;
 constexpr float kFarAway = 1.0e9f;
 
 /// Truncates toward zero. After hours in the background a slide may be computed to any place at all.
-std::int32_t truncated(float x)
-{
-    return static_cast<std::int32_t>(std::clamp(x, -kFarAway, kFarAway));
-}
+std::int32_t truncated(float x) { return static_cast<std::int32_t>(std::clamp(x, -kFarAway, kFarAway)); }
 
 } // namespace
 

@@ -7,8 +7,8 @@ set -eu
 . "$(dirname "$(readlink -f "$0")")/../scripts/packages.sh"
 take_arguments "[FOLDER_OF_THE_PROGRAMS]" "Measures what the window costs and what a player feels, and fails when a goal is
 missed. Takes the programs from build/release/bin where no folder is given." "$@"
-# shellcheck source=tests/support/device_demo.sh
-. "$(dirname "$(readlink -f "$0")")/../tests/support/device_demo.sh"
+# shellcheck source=bench/device_demo.sh
+. "$(dirname "$(readlink -f "$0")")/device_demo.sh"
 
 seconds=10
 starts=9

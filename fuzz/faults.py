@@ -384,10 +384,10 @@ class Build:
                 target = line.split(": #deps")[0]
 
     def find_window_tests(self):
-        """Those that need a display, and so the whole machine."""
+        """Those that need a display, and take long."""
         _, output = run(["ctest", "--preset", self.preset, "--show-only=json-v1"])
         self.window_tests = [test["name"] for test in json.loads(output[output.index("{"):])["tests"]
-                             if {"name": "RUN_SERIAL", "value": True} in test.get("properties", [])]
+                             if {"name": "LABELS", "value": ["window"]} in test.get("properties", [])]
 
     def make(self, *targets):
         return run(["cmake", "--build", "--preset", self.preset, "--target", *targets, "--", f"-j{self.jobs}"])
@@ -437,7 +437,7 @@ class Build:
     def test_windows(self):
         chosen = [name for name in self.window_tests
                   if re.search(self.tests, name) and not re.search(self.exclude, name)]
-        return self.ctest("|".join(f"^{name}$" for name in chosen)) if chosen else None
+        return self.ctest("|".join(f"^{name}$" for name in chosen), jobs=self.jobs) if chosen else None
 
     def catcher_of(self):
         """@return what notices the fault, None if nothing does."""

@@ -12,7 +12,6 @@ bool BitmapFont::load(const std::u16string &path, const std::u16string &characte
     strip.load(path);
     if (strip.width() < 1)
         return false;
-    spacing_ = 1;
     glyphs_ = std::make_shared<std::map<char16_t, Surface>>();
     MarkedRuns runs(strip, MarkedRuns::Marks::InRow0);
     for (char16_t character : characters) {
@@ -44,7 +43,7 @@ std::int32_t BitmapFont::textWidth(const std::u16string &text) const
 {
     // Kept: a character without a glyph counts with its spacing though none is drawn, and the empty text
     // measures one spacing less than nothing.
-    std::int32_t width = (static_cast<std::int32_t>(text.size()) - 1) * spacing_;
+    std::int32_t width = (static_cast<std::int32_t>(text.size()) - 1) * kSpacing;
     for (char16_t character : text) {
         if (const Surface *image = glyph(character))
             width += image->width();
@@ -62,7 +61,7 @@ void Surface::drawText(const BitmapFont &font, const std::u16string &text, std::
     for (char16_t character : text) {
         if (const Surface *image = font.glyph(character)) {
             image->blitTo(*this, x, y);
-            x += image->width() + font.spacing();
+            x += image->width() + BitmapFont::kSpacing;
         }
     }
 }

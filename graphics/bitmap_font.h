@@ -18,6 +18,9 @@ namespace mygame
 class BitmapFont
 {
 public:
+    /// Pixels left empty between two glyphs.
+    static constexpr std::int32_t kSpacing = 1;
+
     BitmapFont() = default;
     BitmapFont(const BitmapFont &) = default;
     BitmapFont &operator=(const BitmapFont &) = default;
@@ -37,15 +40,11 @@ public:
     /// Null for a character without a glyph.
     const Surface *glyph(char16_t character) const;
 
-    /// Pixels left empty between two glyphs.
-    std::int32_t spacing() const { return spacing_; }
-
     /// Pixels from the first glyph to the last. Characters without a glyph count with their spacing alone,
     /// and the empty text measures one spacing less than nothing.
     std::int32_t textWidth(const std::u16string &text) const;
 
 private:
-    std::int32_t spacing_ = 1;
     std::shared_ptr<std::map<char16_t, Surface>> glyphs_; ///< Null without glyphs.
 };
 

@@ -23,10 +23,8 @@ std::u16string executablePath()
     for (;;) {
         const auto room = static_cast<std::uint32_t>(path.size());
         const std::uint32_t length = platform::GetModuleFileNameW(nullptr, path.data(), room);
-        if (length < room) {
-            path.resize(length);
-            return path;
-        }
+        if (length < room)
+            return path.substr(0, length);
         path.resize(path.size() * 2);
     }
 }
@@ -47,8 +45,6 @@ platform::BITMAPINFO readableBitmapInfo(std::int32_t width, std::int32_t height)
 bool drawBitmap(platform::HBITMAP loaded, platform::HDC source, platform::HBITMAP readable,
                 platform::HDC target, std::int32_t width, std::int32_t height)
 {
-    if (!source || !target)
-        return false;
     platform::HGDIOBJ oldTarget = platform::SelectObject(target, readable);
     platform::HGDIOBJ oldSource = platform::SelectObject(source, loaded);
     const bool drawn = platform::BitBlt(target, 0, 0, width, height, source, 0, 0, platform::SRCCOPY) != 0;

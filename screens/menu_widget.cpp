@@ -1,5 +1,6 @@
 #include "screens/menu_widget.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "graphics/screen_size.h"
@@ -23,12 +24,7 @@ constexpr std::int32_t kNoRow = -1;
 constexpr float kFarAway = 1.0e9f;
 
 /// Truncates toward zero. After hours in the background a slide may be computed to any place at all.
-std::int32_t truncated(float x)
-{
-    if (x > kFarAway || x < -kFarAway)
-        x = x > 0 ? kFarAway : -kFarAway;
-    return static_cast<std::int32_t>(x);
-}
+std::int32_t truncated(float x) { return static_cast<std::int32_t>(std::clamp(x, -kFarAway, kFarAway)); }
 
 } // namespace
 

@@ -122,7 +122,7 @@ BOOL TranslateMessage(const MSG *) { return 0; }
 
 std::int32_t DispatchMessageW(const MSG *message)
 {
-    note("DispatchMessageW", message->message);
+    note("DispatchMessageW", message->message, message->wParam, message->lParam);
     return DefWindowProcW(message->hwnd, message->message, message->wParam, message->lParam);
 }
 

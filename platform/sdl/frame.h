@@ -33,9 +33,9 @@ RowSpan spanOver(RowSpan a, RowSpan b);
 /// What of a window does not show a frame as it is.
 struct Damage {
     RowSpan rows;
-    bool surroundings; ///< What lies around the picture, too.
+    bool surroundings; ///< What lies around the picture, too; then of the picture all rows.
 
-    bool empty() const { return rows.empty() && !surroundings; }
+    bool empty() const { return rows.empty(); }
 };
 
 constexpr Damage kWholeWindow{kAllRows, true};

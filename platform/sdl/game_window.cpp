@@ -120,8 +120,6 @@ void GameWindow::setIcon(const std::string &file)
 
 bool GameWindow::show(bool visible)
 {
-    if (!window_)
-        return false;
     const bool wasVisible = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_SHOWN) != 0;
     host_.showWindow(window_.get(), visible);
     return wasVisible;
@@ -129,8 +127,6 @@ bool GameWindow::show(bool visible)
 
 void GameWindow::toggleFullScreen()
 {
-    if (!window_)
-        return;
     if (!host_.hasWindowManager(window_.get())) {
         toggleCover();
         return;
@@ -147,14 +143,13 @@ void GameWindow::toggleFullScreen()
 
 bool GameWindow::isFullScreen() const
 {
-    return window_ &&
-           (uncovered_ || (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0);
+    return uncovered_ || (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
 }
 
 void GameWindow::showNote(const std::string &note)
 {
-    if (window_ && !host_.showNote(note))
-        SDL_SetWindowTitle(window_.get(), note.empty() ? title_.c_str() : note.c_str());
+    if (!host_.showNote(note))
+        host_.setTitle(window_.get(), note.empty() ? title_ : note);
 }
 
 void GameWindow::toggleCover()
@@ -174,8 +169,6 @@ void GameWindow::toggleCover()
 
 void GameWindow::raise()
 {
-    if (!window_)
-        return;
     if ((SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MINIMIZED) != 0)
         SDL_RestoreWindow(window_.get());
     SDL_RaiseWindow(window_.get());
@@ -184,10 +177,8 @@ void GameWindow::raise()
 WindowSize GameWindow::size() const
 {
     WindowSize size{};
-    if (window_) {
-        SDL_GetWindowSize(window_.get(), &size.points.width, &size.points.height);
-        SDL_GetWindowSizeInPixels(window_.get(), &size.pixels.width, &size.pixels.height);
-    }
+    SDL_GetWindowSize(window_.get(), &size.points.width, &size.points.height);
+    SDL_GetWindowSizeInPixels(window_.get(), &size.pixels.width, &size.pixels.height);
     return size;
 }
 
@@ -195,9 +186,8 @@ int GameWindow::refreshRate() const
 {
     if (const int rate = host_.refreshRate(); rate != 0)
         return rate;
-    SDL_DisplayMode mode{};
-    if (!window_ || SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode) != 0)
-        return 0;
+    SDL_DisplayMode mode{}; // As it stays where there is none.
+    SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window_.get()), &mode);
     return mode.refresh_rate;
 }
 

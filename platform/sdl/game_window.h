@@ -58,6 +58,7 @@ private:
     void toggleCover();
 
     Host &host_;
+    /// Null until `create`; to SDL that is an error that changes nothing.
     std::unique_ptr<SDL_Window, Destroy> window_;
     std::unique_ptr<Presenter> presenter_;
     std::string title_;

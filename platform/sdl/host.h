@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include <SDL_video.h>
+
 #include "platform/clock.h"
 #include "platform/sdl/presenter.h"
 
@@ -52,6 +54,11 @@ public:
     virtual bool isDisplayLost() const { return false; }
     /// Shows or hides the window, even where the display goes meanwhile.
     virtual void showWindow(SDL_Window *window, bool visible) = 0;
+
+    virtual void setTitle(SDL_Window *window, const std::string &title)
+    {
+        SDL_SetWindowTitle(window, title.c_str());
+    }
 
     /// SDL's flags for a window in which the presenter below can show frames. SDL's video must be running.
     virtual std::uint32_t windowFlags() { return 0; }

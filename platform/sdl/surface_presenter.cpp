@@ -89,7 +89,7 @@ bool SurfacePresenter::present(const Frame &frame, const Damage &damage)
         return false;
     if (damage.surroundings)
         SDL_FillRect(target, nullptr, kBlack);
-    SDL_Rect drawn = draw(frame, damage.surroundings ? kAllRows : damage.rows, *target);
+    SDL_Rect drawn = draw(frame, damage.rows, *target);
     if (damage.surroundings)
         drawn = {0, 0, target->w, target->h};
     if (target != shown) {

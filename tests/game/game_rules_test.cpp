@@ -11,9 +11,7 @@ namespace
 
 struct GameRulesTest : GameTest {
     /// On hard; nothing comes on its own for five seconds.
-    GameRulesTest() { playUnderEmptySky(); }
-
-    void playUnderEmptySky()
+    GameRulesTest()
     {
         play(GameMode::Survival, Difficulty::Hard);
         state.asteroids.clear();

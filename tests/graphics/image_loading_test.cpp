@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "platform/common/picture.h"
 #include "tests/support/device_test.h"
 
 namespace mygame::tests
@@ -20,7 +21,6 @@ Surface loaded(const std::u16string &path)
     const bool success = surface.load(path);
     EXPECT_EQ(surface.pixels() != nullptr, success);
     EXPECT_EQ(surface.width() > 0 && surface.height() > 0, success);
-    EXPECT_EQ(surface.pixels() != nullptr, success);
     EXPECT_TRUE(surface.keyEnabled() && surface.colourKey() == 'k');
     EXPECT_EQ(lettersOf(copy), "ab/");
     return surface;
@@ -74,6 +74,8 @@ TEST_F(ImageLoading, ReadsPicturesOfEveryKindAndOfSidesFrom1To4096)
 
 TEST_F(ImageLoading, RefusesWhatIsNoPicture)
 {
+    for (const auto &[width, height] : {std::pair{0u, 1u}, {1u, 0u}, {4097u, 1u}, {1u, 4097u}})
+        EXPECT_FALSE(platform::common::Picture().allocate(width, height)) << width << " x " << height;
     visitPictures("/bad",
                   [](const auto &, const Surface &picture, const auto &) { EXPECT_TRUE(fails(picture)); });
     std::filesystem::create_directory("folder.png");
@@ -99,6 +101,10 @@ TEST_F(ImageLoading, RefusesAPictureCutShortAndSurvivesDamage)
                 EXPECT_EQ(pixelsOf(rest), pixelsOf(picture)) << cut << " bytes of the end marker missing";
             else
                 EXPECT_TRUE(fails(rest)) << cut << " bytes missing";
+        }
+        if (name.ends_with(".jpg")) {
+            const std::string stray(64, 's');
+            EXPECT_TRUE(fails(decoded(std::string(whole).insert(whole.size() - endMarker, stray))));
         }
         for (std::size_t at = 0; at < whole.size(); at += 3) {
             std::string damaged = whole;

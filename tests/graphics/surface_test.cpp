@@ -2,6 +2,7 @@
 #include <climits>
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <new>
 
 #include "tests/support/letters.h"
@@ -12,6 +13,7 @@ namespace
 // Around the pixels of every surface lies memory in which no byte may change.
 constexpr std::size_t kGuardBytes = 256;
 constexpr unsigned char kGuard = 0xA5;
+std::map<void *, std::size_t> sizes;
 
 } // namespace
 
@@ -22,22 +24,16 @@ void *operator new[](std::size_t size, std::align_val_t alignment, const std::no
     if (!memory)
         return nullptr;
     std::fill_n(memory, room + 2 * kGuardBytes, kGuard);
-    std::copy_n(reinterpret_cast<unsigned char *>(&size), sizeof size, memory);
+    sizes[memory + kGuardBytes] = size;
     return memory + kGuardBytes;
 }
 
 void operator delete[](void *pixels, std::align_val_t) noexcept
 {
-    if (!pixels)
-        return;
-    unsigned char *memory = static_cast<unsigned char *>(pixels) - kGuardBytes, *end = nullptr;
-    std::size_t size = 0;
-    std::copy_n(memory, sizeof size, reinterpret_cast<unsigned char *>(&size));
-    end = memory + kGuardBytes + size;
-    const auto isTouched = [](unsigned char byte) { return byte != kGuard; };
-    EXPECT_TRUE(std::none_of(memory + sizeof size, memory + kGuardBytes, isTouched)) << "before the pixels";
-    EXPECT_TRUE(std::none_of(end, end + kGuardBytes, isTouched)) << "behind the pixels";
-    std::free(memory);
+    unsigned char *begin = static_cast<unsigned char *>(pixels), *end = begin + sizes[pixels];
+    for (const unsigned char *guard : {begin - kGuardBytes, end})
+        EXPECT_EQ(std::count(guard, guard + kGuardBytes, kGuard), kGuardBytes) << "written beside the pixels";
+    std::free(begin - kGuardBytes);
 }
 
 namespace mygame::tests

@@ -1,7 +1,7 @@
 #!/bin/bash
 # Plays `mygame` in a window while what it stands on fails: the display, the sound, the current folder, its own
 # life, and its being the only copy. Whatever happens it must end with exit code 0 or go on.
-#   desktop_faults_test.sh FOLDER_OF_THE_PROGRAMS
+#   faults_test.sh FOLDER_OF_THE_PROGRAMS
 set -eu
 
 programs=$(cd "$1" && pwd)

@@ -15,15 +15,8 @@ namespace mygame::tests
 namespace
 {
 
-constexpr const char *kNoPictures[] = {"bad/empty",
-                                       "bad/random-bytes",
-                                       "bad/random-after-signature.png",
-                                       "bad/random-after-signature.jpg",
-                                       "bad/signature.png",
-                                       "bad/cut-in-the-middle.jpg",
-                                       "bad/9-high-with-8-rows.png",
-                                       "bad/4097-wide.png",
-                                       "bad/4097-high.png"};
+// One of each way in which a file is found to be no picture: by its start, its size, its end.
+constexpr const char *kNoPictures[] = {"bad/empty", "bad/4097-wide.png", "bad/cut-in-the-middle.jpg"};
 constexpr const char *kOddPictures[] = {"odd/1x1.png", "odd/4096x1.png", "odd/1x4096.png"};
 
 bool isSound(const std::string &name) { return name.ends_with(".wav"); }

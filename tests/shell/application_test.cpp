@@ -142,14 +142,17 @@ TEST_F(ApplicationTest, HandlesEachMessageBeforeItIsDispatched)
                      {17, 0, 0, nullptr}};
     application->setCurrentScreen(&screen);
     ASSERT_TRUE(init());
+    device.enterForeground();
     device.leaveForeground(); // so that no frames are noted
     device.calls.clear();
-    Calls expected{"GXSuspend", "DispatchMessageW 6", "GXSuspend", "DispatchMessageW 8"};
+    Calls expected{"GXResume",  "DispatchMessageW 6 1 0", "GXResume",  "DispatchMessageW 7 0 0",
+                   "GXSuspend", "DispatchMessageW 6 0 0", "GXSuspend", "DispatchMessageW 8 0 0"};
     for (const auto &[message, wParam, lParam, call] : kMessages) {
         device.post(message, wParam, lParam);
         if (call)
             expected.emplace_back(call);
-        expected.push_back("DispatchMessageW " + std::to_string(message));
+        expected.push_back("DispatchMessageW " + std::to_string(message) + ' ' + std::to_string(wParam) +
+                           ' ' + std::to_string(static_cast<std::int32_t>(lParam)));
     }
     application->run();
     EXPECT_EQ(device.calls, expected);

@@ -1,5 +1,4 @@
 #include <alsa/asoundlib.h>
-#include <clocale>
 #include <cstdlib>
 #include <ctime>
 
@@ -14,6 +13,7 @@
 #include "platform/sdl/linux/state_folder.h"
 #include "platform/sdl/linux/termination.h"
 #include "platform/sdl/linux/window_manager.h"
+#include "platform/sdl/linux/window_title.h"
 #include "platform/sdl/surface_presenter.h"
 #include "platform/sdl/texture_presenter.h"
 
@@ -54,8 +54,6 @@ public:
         // Wayland's library would complain on the terminal where it has no folder for its connections.
         if (!std::getenv("XDG_RUNTIME_DIR") && !SDL_GetHint(SDL_HINT_VIDEODRIVER))
             SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
-        // Else the window system's library would drop a title with other characters than ASCII.
-        std::setlocale(LC_CTYPE, "C.UTF-8");
         endWithDisplay();
     }
     void keepWithoutDisplay(SDL_Window *window) override { surviveLossOfDisplay(window); }
@@ -68,6 +66,11 @@ public:
             SDL_ShowWindow(window);
         else
             SDL_HideWindow(window);
+    }
+
+    void setTitle(SDL_Window *window, const std::string &title) override
+    {
+        platform::setTitle(window, title);
     }
 
     std::uint32_t windowFlags() override

@@ -35,6 +35,7 @@ struct SdlDeviceTest : testing::Test {
         setenv("SDL_VIDEODRIVER", "dummy", 1);
         device = std::make_unique<SdlDevice>();
         useDevice(*device);
+        ASSERT_EQ(GXOpenDisplay(nullptr, GX_FULLSCREEN), 0) << "without a window";
         window = CreateWindowExW(0, u"", u"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
         SDL_SetWindowSize(SDL_GetWindowFromID(1), 2 * kScreenSize.width, 2 * kScreenSize.height);
         ShowWindow(window, SW_SHOW);
@@ -83,8 +84,10 @@ struct SdlDeviceTest : testing::Test {
     static std::string messages()
     {
         const std::map<std::uint32_t, std::string> names = {
-            {WM_LBUTTONDOWN, "down "}, {WM_MOUSEMOVE, "move "}, {WM_LBUTTONUP, "up "},
-            {WM_ACTIVATE, "active "},  {WM_SETFOCUS, "focus "}, {WM_KILLFOCUS, "no focus "}};
+            {WM_LBUTTONDOWN, "down "}, {WM_MOUSEMOVE, "move "},
+            {WM_LBUTTONUP, "up "},     {WM_ACTIVATE, "active "},
+            {WM_SETFOCUS, "focus "},   {WM_KILLFOCUS, "no focus "},
+            {WM_QUIT, "quit "},        {WM_QUERYENDSESSION, "end of session "}};
         std::string text;
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
@@ -125,6 +128,13 @@ TEST_F(SdlDeviceTest, StandsStillInTheBackground)
     EXPECT_EQ(messages(), "active 1 0,0  focus 0 0,0  ");
 }
 
+TEST_F(SdlDeviceTest, AsksForTheEndOnce)
+{
+    push({.type = SDL_QUIT});
+    push({.type = SDL_APP_TERMINATING});
+    EXPECT_EQ(messages(), "quit 0 0,0  end of session 0 0,0  ");
+}
+
 TEST_F(SdlDeviceTest, HasOneStylusForMouseAndFingers)
 {
     finger(SDL_FINGERDOWN, 7, 0.0f, 0.0f);
@@ -138,19 +148,22 @@ TEST_F(SdlDeviceTest, HasOneStylusForMouseAndFingers)
     EXPECT_EQ(messages(), "down 1 0,0  move 1 239,319  up 0 0,160  ");
 }
 
-TEST_F(SdlDeviceTest, ShowsAFrameOnlyWhenItIsNew)
+TEST_F(SdlDeviceTest, ShowsOnlyTheRowsOfAFrameThatAreNew)
 {
     showFrame(0xFFFF);
     auto *shown = static_cast<std::uint32_t *>(SDL_GetWindowSurface(SDL_GetWindowFromID(1))->pixels);
     EXPECT_EQ(shown[1], 0xFFFFFFFF);
 
-    shown[1] = 1;
+    constexpr int kLast = 4 * kScreenSize.width * kScreenSize.height - 1;
+    shown[1] = shown[kLast] = 1;
     showFrame(0xFFFF);
     EXPECT_EQ(shown[1], 1u) << "an unchanged frame was shown again";
+    showFrame(0);
+    EXPECT_TRUE(shown[1] == 0xFF000000 && shown[kLast] == 1) << "one row has changed";
     focus(SDL_WINDOWEVENT_EXPOSED);
     messages();
     showFrame(0xFFFF);
-    EXPECT_EQ(shown[1], 0xFFFFFFFF) << "what the window lost was not shown again";
+    EXPECT_TRUE(shown[1] == 0xFFFFFFFF && shown[kLast] != 1) << "what the window lost was not shown again";
 }
 
 TEST(GameClock, GoesAlongTheGridOfRefreshes)
@@ -199,47 +212,36 @@ struct TestTime final : RealTime {
     bool canWait = true;
 };
 
-TEST(FramePacer, WaitsForTheGridAndCountsWhatWasMissed)
+TEST(FramePacer, WaitsForTheGridAndCountsTheRefreshesThatPassed)
 {
-    using namespace std::chrono_literals;
-    TestTime time;
-    FramePacer pacer(time);
-    EXPECT_EQ(pacer.setRefreshRate(100), 100u);
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 10);
-    time.moment += 19ms; // at 29: late, but before the refresh at 30
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 30) << "what is late does not move the grid";
-    time.moment += 35ms; // at 65: the refreshes at 40, 50 and 60 have passed
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 3u);
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 70);
-    time.moment += 9s + 10ms; // the longest frame there is
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 901u);
-    time.moment += 9s + 11ms;
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u) << "the machine slept";
-    pacer.restart();
-    time.moment += 3ms;
-    EXPECT_EQ(pacer.wait(VerticalSync::Off), 1u);
-    EXPECT_EQ(time.ms(), 18101);
-}
-
-TEST(FramePacer, LetsVerticalSyncBeTheGrid)
-{
-    using namespace std::chrono_literals;
-    TestTime time;
-    FramePacer pacer(time);
-    pacer.setRefreshRate(100);
-    time.moment += 6ms; // held for more than half a period
-    EXPECT_EQ(pacer.wait(VerticalSync::On), 1u);
-    EXPECT_EQ(time.ms(), 6);
-    time.moment += 5ms; // not held at all
-    EXPECT_EQ(pacer.wait(VerticalSync::On), 1u);
-    EXPECT_EQ(time.ms(), 16);
-    time.moment += 26ms; // nearer to the third refresh than to the second
-    EXPECT_EQ(pacer.wait(VerticalSync::On), 3u);
-    EXPECT_EQ(time.ms(), 42);
+    struct Frame {
+        int takesMs;
+        std::uint32_t refreshes;
+        long long shownAtMs;
+    };
+    const auto show = [](VerticalSync sync, std::initializer_list<Frame> frames) {
+        TestTime time;
+        FramePacer pacer(time);
+        EXPECT_EQ(pacer.setRefreshRate(100), 100u);
+        for (const auto &[takesMs, refreshes, shownAtMs] : frames) {
+            time.moment += std::chrono::milliseconds(takesMs);
+            EXPECT_EQ(pacer.wait(sync), refreshes) << shownAtMs;
+            EXPECT_EQ(time.ms(), shownAtMs);
+        }
+    };
+    show(VerticalSync::Off, {{0, 1, 10},
+                             {19, 1, 29}, // late, but before the refresh at 30
+                             {0, 1, 30},  // what is late does not move the grid
+                             {35, 3, 65}, // after the refreshes at 40, 50 and 60
+                             {0, 1, 70},
+                             {9010, 901, 9080}, // the longest frame there is
+                             {9011, 1, 18091},  // the machine slept
+                             {3, 1, 18101}});
+    show(VerticalSync::On, {{6, 1, 6},   // held for more than half a period
+                            {5, 1, 16},  // not held at all
+                            {26, 3, 42}, // nearer to the third refresh than to the second
+                            {9000, 900, 9042},
+                            {9001, 1, 18043}});
 }
 
 TEST(FramePacer, CountsWhatWasMissedWhereNothingWaits)
@@ -266,10 +268,8 @@ TEST(FramePacer, TakesRatesThatNoDisplayHasFor60)
 {
     TestTime time;
     FramePacer pacer(time);
-    EXPECT_EQ(pacer.setRefreshRate(0), 60u);
-    EXPECT_EQ(pacer.setRefreshRate(23), 60u);
-    EXPECT_EQ(pacer.setRefreshRate(24), 24u);
-    EXPECT_EQ(pacer.setRefreshRate(1000), 500u);
+    for (const auto &[told, taken] : {std::pair{0, 60u}, {23, 60u}, {24, 24u}, {1000, 500u}})
+        EXPECT_EQ(pacer.setRefreshRate(told), taken);
 }
 
 TEST(EscapeKey, CountsWhenPressedTwiceWithinTwoSeconds)
@@ -317,6 +317,15 @@ TEST(Pixels, BecomeSquaresAndNothingElseIsWritten)
     }
 }
 
+TEST(Frames, DifferFromTheFirstToTheLastRowThatDoes)
+{
+    std::vector<Frame> frames(4); // What lies behind the frames that are compared is equal, too.
+    EXPECT_TRUE(differingRows(frames[0], frames[2]).empty());
+    frames[2][5 * 240] = frames[2][9 * 240 + 239] = 1;
+    const RowSpan rows = differingRows(frames[0], frames[2]);
+    EXPECT_TRUE(rows.first == 5 && rows.last == 10);
+}
+
 TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
 {
     Frame frame;
@@ -332,6 +341,8 @@ TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
         scaler.draw(frame, {0, lower.first}, reinterpret_cast<std::byte *>(picture.data()), pitch);
         scaler.draw(frame, lower, reinterpret_cast<std::byte *>(picture.data()) + lower.first * pitch, pitch);
         EXPECT_LE(lower.first * 320 / size.height, 100);
+        for (int last = 1; last <= 320; ++last)
+            EXPECT_GE(scaler.rowsShowing({0, last}).last * 320, last * size.height);
         for (int y = 0; y < size.height; ++y) {
             for (int x = 0; x < size.width; ++x) {
                 const int left = x * 240 / size.width, right = ((x + 1) * 240 - 1) / size.width;

@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2034
 
 # shellcheck source=tests/support/display.sh
-. "$(dirname "${BASH_SOURCE[0]}")/display.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../tests/support/display.sh"
 
 programs=$(realpath "${1:-$project/build/release/bin}")
 [ -x "$programs/device_demo" ] || fail "$programs/device_demo is missing: build the project first"
@@ -13,7 +13,8 @@ no_window=1
 patience=20 # seconds
 
 # Starts the program, or the one given, and waits for its first picture. Sets `demo`, its process, `window`,
-# and `picture_ms`, the time that took. What it writes is read from descriptor 4.
+# `picture_ms`, the time that took, and `tick`, the game's time then, in hexadecimal digits. What it writes is
+# read from descriptor 4.
 start_demo()
 {
     local begin=${EPOCHREALTIME/./}
@@ -21,7 +22,7 @@ start_demo()
     "${1:-$programs/device_demo}" > "$work/output" 2> "$work/errors" &
     demo=$!
     exec 4< "$work/output"
-    read -r -t $patience _ <&4 || fail "no first picture; does another copy run?"
+    read -r -t $patience _ tick <&4 || fail "no first picture; does another copy run?"
     picture_ms=$(((${EPOCHREALTIME/./} - begin) / 1000))
     window=$(xdotool search --pid $demo --name '^MyGame$' | tail -1)
 }

@@ -5,7 +5,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
 
 take_arguments "" "Writes the checks of all games in tests/replays anew, after a wanted change of the pictures, and tells
-which games look different, and from when on. tests/recorded.sh shows the difference, as long as the
+which games look different, and from when on. scripts/recorded.sh shows the difference, as long as the
 checks are not committed." "$@"
 
 # shellcheck disable=SC2086 # one word a package

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+struct SDL_Window;
+
+namespace platform
+{
+
+/// Gives a window a title in UTF-8, whatever the language of the program's surroundings. SDL leaves the old one where its
+/// characters are foreign to that.
+void setTitle(SDL_Window *window, const std::string &title);
+
+} // namespace platform

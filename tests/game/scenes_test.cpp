@@ -1,11 +1,10 @@
 /// Every scene in the table below must look like tests/scenes/NAME.png. One that does not is left in the
-/// current folder as NAME.actual.png. With ACCEPT_SCENES=1 in the environment the pictures in tests/scenes
-/// are made anew from what is drawn, to be looked at before they are committed.
-#include <algorithm>
+/// current folder as NAME.actual.png, and as NAME.difference.png, which is white where they differ. With
+/// ACCEPT_SCENES=1 in the environment the pictures in tests/scenes are made anew from what is drawn, to be
+/// looked at before they are committed.
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
-#include <span>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -112,19 +111,33 @@ void write(const Surface &picture, const std::filesystem::path &path)
     replay::writePicture(path, {picture.pixels(), static_cast<std::size_t>(picture.pixelCount())}, 240);
 }
 
-/// What differs, empty for nothing.
-std::string differenceOf(const Surface &actual, const Surface &expected)
+Surface blackScreen()
 {
-    const auto pixels = [](const Surface &surface) {
-        return std::span(surface.pixels(), static_cast<std::size_t>(surface.pixelCount()));
-    };
-    const auto [is, wanted] = std::ranges::mismatch(pixels(actual), pixels(expected));
-    if (is == pixels(actual).end())
+    Surface screen;
+    screen.create(240, 320);
+    return screen;
+}
+
+/// What differs, empty for nothing. Leaves pictures of both sides of a difference.
+std::string differenceOf(const Surface &actual, const Surface &expected, const std::string &name)
+{
+    Surface difference = blackScreen();
+    std::int32_t count = 0, first = 0;
+    for (std::int32_t i = actual.pixelCount() - 1; i >= 0; --i) {
+        if (actual.pixels()[i] == expected.pixels()[i])
+            continue;
+        difference.pixels()[i] = kWhite;
+        first = i;
+        ++count;
+    }
+    if (count == 0)
         return "";
-    const auto first = is - pixels(actual).begin();
+    write(actual, name + ".actual.png");
+    write(difference, name + ".difference.png");
     std::ostringstream text;
-    text << "at " << first % 240 << ", " << first / 240 << std::hex << " it is 0x" << *is << ", expected 0x"
-         << *wanted << "; see " << std::filesystem::current_path();
+    text << count << " pixels differ, the first at " << first % 240 << ", " << first / 240 << std::hex
+         << ": it is 0x" << actual.pixels()[first] << ", expected 0x" << expected.pixels()[first] << "; see "
+         << std::filesystem::current_path() / name << ".*.png";
     return text.str();
 }
 
@@ -132,18 +145,14 @@ TEST_P(Scenes, Show)
 {
     const std::string name = GetParam().name;
     GetParam().set(*this);
-    Surface actual, expected;
-    actual.create(240, 320);
+    Surface actual = blackScreen(), expected;
     application.currentScreen()->render(actual);
     if (std::getenv("ACCEPT_SCENES") != nullptr)
         write(actual, SCENES_FOLDER "/" + name + ".png");
     device.dataFolder = SCENES_FOLDER;
     EXPECT_TRUE(expected.load(dataFilePath(std::u16string(name.begin(), name.end()) + u".png")));
     ASSERT_EQ(expected.pixelCount(), actual.pixelCount()) << "ACCEPT_SCENES=1 makes it";
-    const std::string difference = differenceOf(actual, expected);
-    EXPECT_EQ(difference, "");
-    if (!difference.empty())
-        write(actual, name + ".actual.png");
+    EXPECT_EQ(differenceOf(actual, expected, name), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Scenes, testing::ValuesIn(kScenes),

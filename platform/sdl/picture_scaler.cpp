@@ -1,9 +1,9 @@
 #include "platform/sdl/picture_scaler.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "platform/sdl/pixel_conversion.h"
+#include "platform/sdl/row_copy.h"
 
 namespace platform
 {
@@ -12,6 +12,8 @@ namespace
 
 constexpr std::uint16_t kWhole = 256; ///< Of a pixel, in shares.
 constexpr std::size_t kPixelBytes = sizeof(std::uint32_t);
+/// Pixels that are written at once.
+constexpr std::size_t kBlock = 4;
 constexpr std::size_t kEdges = kScreenSize.width - 1;
 
 /// Everything fits into 16 bits, and the compiler mixes many bytes at once.
@@ -24,7 +26,7 @@ std::uint8_t mixed(std::uint8_t one, std::uint8_t next, std::uint16_t nextShare)
 
 /// Mixes rows of the picture, byte by byte.
 void mixRows(const std::uint32_t *one, const std::uint32_t *next, std::uint16_t nextShare, std::size_t width,
-             std::byte *target)
+             std::uint32_t *target)
 {
     const auto *__restrict a = reinterpret_cast<const std::uint8_t *>(one);
     const auto *__restrict b = reinterpret_cast<const std::uint8_t *>(next);
@@ -49,19 +51,26 @@ void PictureScaler::resize(Size picture)
         return;
     size_ = picture;
     rows_ = samples(kScreenSize.height, picture.height);
-    columns_.clear();
+    starts_.clear();
+    edges_.clear();
     edgeShares_.assign(kEdges * kPixelBytes, 0);
-    colours_.resize(kScreenSize.width + kEdges);
-    for (const Sample &sample : samples(kScreenSize.width, picture.width)) {
-        const auto edge = static_cast<std::size_t>(sample.pixel);
-        if (sample.nextShare != 0)
-            std::fill_n(edgeShares_.begin() + static_cast<std::ptrdiff_t>(edge * kPixelBytes), kPixelBytes,
-                        sample.nextShare);
-        columns_.push_back(
-            static_cast<std::uint16_t>(sample.nextShare == 0 ? edge : kScreenSize.width + edge));
+    colours_.resize(kScreenSize.width);
+    mixtures_.resize(kEdges);
+    const std::vector<Sample> columns = samples(kScreenSize.width, picture.width);
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        const auto pixel = static_cast<std::size_t>(columns[column].pixel);
+        if (pixel == starts_.size())
+            starts_.push_back(column);
+        if (columns[column].nextShare == 0)
+            continue;
+        edges_.push_back({column, pixel});
+        std::fill_n(edgeShares_.begin() + static_cast<std::ptrdiff_t>(pixel * kPixelBytes), kPixelBytes,
+                    columns[column].nextShare);
     }
+    starts_.push_back(columns.size());
     for (WideRow &row : recent_)
-        row.pixels.resize(columns_.size());
+        row.pixels.resize(columns.size() + kBlock);
+    mixed_.resize(columns.size());
 }
 
 std::vector<PictureScaler::Sample> PictureScaler::samples(int screenLength, int pictureLength)
@@ -89,14 +98,15 @@ void PictureScaler::draw(const Frame &frame, RowSpan pictureRows, std::byte *tar
 {
     for (WideRow &row : recent_)
         row.row = -1;
-    const std::size_t width = columns_.size();
+    const auto width = static_cast<std::size_t>(size_.width);
     for (int y = pictureRows.first; y < pictureRows.last; ++y, target += pitch) {
         const Sample sample = rows_[static_cast<std::size_t>(y)];
         const std::uint32_t *one = widened(frame, sample.pixel);
-        if (sample.nextShare == 0)
-            std::memcpy(target, one, width * kPixelBytes);
-        else
-            mixRows(one, widened(frame, sample.pixel + 1), sample.nextShare, width, target);
+        if (sample.nextShare != 0) {
+            mixRows(one, widened(frame, sample.pixel + 1), sample.nextShare, width, mixed_.data());
+            one = mixed_.data();
+        }
+        copyRow(one, width, target);
     }
 }
 
@@ -114,10 +124,14 @@ void PictureScaler::widen(const std::uint16_t *row, std::uint32_t *target)
 {
     convertRow(row, kScreenSize.width, 1, reinterpret_cast<std::byte *>(colours_.data()), 0);
     mixEdges(reinterpret_cast<const std::uint8_t *>(colours_.data()), edgeShares_.data(),
-             reinterpret_cast<std::uint8_t *>(colours_.data() + kScreenSize.width));
-    const std::uint32_t *colours = colours_.data();
-    for (const std::uint16_t column : columns_)
-        *target++ = colours[column];
+             reinterpret_cast<std::uint8_t *>(mixtures_.data()));
+    // In blocks, each of which overwrites what the one before was too long.
+    for (std::size_t x = 0; x < colours_.size(); ++x) {
+        for (std::size_t column = starts_[x]; column < starts_[x + 1]; column += kBlock)
+            std::fill_n(target + column, kBlock, colours_[x]);
+    }
+    for (const auto &[pictureColumn, screenColumn] : edges_)
+        target[pictureColumn] = mixtures_[screenColumn];
 }
 
 } // namespace platform

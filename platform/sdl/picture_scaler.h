@@ -31,7 +31,11 @@ private:
         int pixel;
         std::uint16_t nextShare;
     };
-    /// A row of the screen at the picture's width.
+    struct Edge {
+        std::size_t pictureColumn;
+        std::size_t screenColumn;
+    };
+    /// A row of the screen at the picture's width, and room for the last block of its last pixel.
     struct WideRow {
         int row = -1;
         std::vector<std::uint32_t> pixels;
@@ -43,12 +47,17 @@ private:
 
     Size size_{0, 0};
     std::vector<Sample> rows_;
-    /// For each column of the picture its place in `colours_`.
-    std::vector<std::uint16_t> columns_;
+    /// For each column of the screen where it begins in the picture, and where the last one ends.
+    std::vector<std::size_t> starts_;
+    /// The columns of the picture that lie across an edge, each with the column of the screen before the
+    /// edge.
+    std::vector<Edge> edges_;
     /// The share of the next pixel in the mixture across each edge of a row, once for each byte of a pixel.
     std::vector<std::uint16_t> edgeShares_;
-    std::vector<std::uint32_t> colours_; ///< A row's pixels, then the mixtures across their edges.
-    WideRow recent_[2];                  ///< Of even rows and of odd ones.
+    std::vector<std::uint32_t> colours_;  ///< A row's pixels,
+    std::vector<std::uint32_t> mixtures_; ///< and the mixtures across their edges.
+    WideRow recent_[2];                   ///< Of even rows and of odd ones.
+    std::vector<std::uint32_t> mixed_;    ///< A row across the edge between two of them.
 };
 
 } // namespace platform

@@ -29,8 +29,6 @@ template <int kScale> void repeat(const std::uint32_t *row, int width, std::uint
 void repeat(const std::uint32_t *row, int width, int scale, std::uint32_t *target)
 {
     switch (scale) {
-    case 1:
-        return repeat<1>(row, width, target);
     case 2:
         return repeat<2>(row, width, target);
     case 3:
@@ -47,6 +45,10 @@ void repeat(const std::uint32_t *row, int width, int scale, std::uint32_t *targe
 
 void convertRow(const std::uint16_t *row, int width, int scale, std::byte *target, std::ptrdiff_t pitch)
 {
+    if (scale == 1) {
+        convert(row, width, reinterpret_cast<std::uint32_t *>(target));
+        return;
+    }
     std::uint32_t converted[kScreenSize.width];
     convert(row, width, converted);
     repeat(converted, width, scale, reinterpret_cast<std::uint32_t *>(target));

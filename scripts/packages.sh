@@ -11,6 +11,7 @@ FUZZ_PACKAGES="$TEST_PACKAGES clang libclang-rt-dev llvm"
 LIBRARY_PACKAGES="cmake dpkg-dev ninja-build"
 WINDOWS_PACKAGES="$LIBRARY_PACKAGES g++-mingw-w64-x86-64-posix zip"
 WEB_PACKAGES="$LIBRARY_PACKAGES emscripten"
+WEB_TEST_PACKAGES="chromium nodejs"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
 
 # Where Debian's package has it.

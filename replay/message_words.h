@@ -23,4 +23,22 @@ constexpr MessageWord kMessageWords[] = {
     {"key-up", platform::WM_KEYUP, false},
 };
 
+/// Null where no word is like that.
+inline const MessageWord *findWord(std::string_view word)
+{
+    for (const MessageWord &known : kMessageWords) {
+        if (known.word == word)
+            return &known;
+    }
+    return nullptr;
+}
+inline const MessageWord *findWord(std::uint32_t number)
+{
+    for (const MessageWord &known : kMessageWords) {
+        if (known.number == number)
+            return &known;
+    }
+    return nullptr;
+}
+
 } // namespace replay

@@ -1,6 +1,5 @@
 #include "replay/recording_device.h"
 
-#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -94,8 +93,8 @@ void RecordingDevice::noteMessage(const platform::MSG &message)
     }
     if (noteActivation(message))
         return;
-    const auto *named = std::ranges::find(kMessageWords, message.message, &MessageWord::number);
-    if (named == std::end(kMessageWords))
+    const MessageWord *named = findWord(message.message);
+    if (!named)
         note(atMs, "message", {message.message, message.wParam, lParam});
     else if (named->isStylus) // wParam says what else is down, which the program never asks.
         note(atMs, named->word, {lParam & kMaxWord16, lParam >> 16});

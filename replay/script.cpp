@@ -239,8 +239,7 @@ private:
 
     static Action readAction(std::string_view word, Words &words)
     {
-        const auto *named = std::ranges::find(kMessageWords, word, &MessageWord::word);
-        if (named != std::end(kMessageWords))
+        if (const MessageWord *named = findWord(word))
             return namedMessage(*named, words);
         return findDirective(kTimedDirectives, word)->read(words);
     }

@@ -1,7 +1,6 @@
 #include "replay/watched_game.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "replay/scripted_run.h"
 #include "shell/startup.h"
@@ -88,7 +87,9 @@ void WatchedGame::playTo(std::uint64_t ms)
     const bool toTheEnd = ms >= lengthMs();
     while (run_->goesOn && (toTheEnd || run_->device.elapsedMs() < ms))
         run_->goesOn = run_->program->runPass() && run_->goesOn;
-    std::ranges::move(std::exchange(run_->device.sounds, {}), std::back_inserter(sounds_));
+    std::vector<std::string> &started = run_->device.sounds;
+    sounds_.insert(sounds_.end(), started.begin(), started.end());
+    started.clear();
     if (run_->goesOn)
         return;
     positionQuarters_ = lengthMs() * kQuarters;

@@ -13,6 +13,7 @@ WINDOWS_PACKAGES="$LIBRARY_PACKAGES g++-mingw-w64-x86-64-posix zip"
 WINDOWS_TEST_PACKAGES="$WINDOWS_PACKAGES $TEST_PACKAGES unzip wine wine64"
 WEB_PACKAGES="$LIBRARY_PACKAGES emscripten"
 FILM_PACKAGES="$PLAY_PACKAGES ffmpeg"
+WEB_TEST_PACKAGES="chromium nodejs"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
 
 # Where Debian's package has it.

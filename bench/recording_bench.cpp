@@ -39,7 +39,8 @@ constexpr double kMsPerSecond = 1000;
 struct Game {
     Game()
     {
-        if (const std::string fault = replay::loadScript(MYGAME_SCRIPT, script); !fault.empty())
+        if (const std::string fault = replay::loadScript("recording_bench", MYGAME_SCRIPT, script);
+            !fault.empty())
             std::abort();
     }
     replay::Script script;

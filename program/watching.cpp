@@ -76,9 +76,9 @@ int watch(const std::string &file, std::string &next)
 {
     const std::string name = file, folder = dataFolder();
     replay::Script script;
-    const std::string fault = replay::loadScript(name, script);
+    const std::string fault = replay::loadScript("mygame", name, script);
     if (!fault.empty())
-        std::fprintf(stderr, "mygame: %s\n", fault.c_str());
+        std::fprintf(stderr, "%s\n", fault.c_str());
     next.clear();
     enterStateFolder();
     platform::ViewerWindow window;

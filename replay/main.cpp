@@ -70,7 +70,7 @@ int main(int argumentCount, char **arguments)
         return std::cout.flush() ? EXIT_SUCCESS : kExitBadUse;
     }
     replay::Script script;
-    if (const std::string fault = replay::loadScript(options->script, script); !fault.empty()) {
+    if (const std::string fault = replay::loadScript("replay", options->script, script); !fault.empty()) {
         std::cerr << fault << '\n';
         return kExitBadUse;
     }

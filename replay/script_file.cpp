@@ -25,11 +25,11 @@ bool readFile(const std::string &path, std::string &text)
 
 } // namespace
 
-std::string loadScript(const std::string &path, Script &script)
+std::string loadScript(const std::string &program, const std::string &path, Script &script)
 {
     std::string text;
     if (!readFile(path, text))
-        return path + ": cannot be read";
+        return program + ": cannot read the script '" + path + "'";
     const auto fault = parseScript(text, script);
     return fault ? path + ':' + std::to_string(fault->line) + ": " + fault->what : "";
 }

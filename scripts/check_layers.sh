@@ -23,7 +23,7 @@ find platform graphics shell screens game replay program -name '*.cpp' -o -name 
         allow["menus"] = "headers graphics shell widgets game"
         allow["startup"] = "headers graphics shell widgets game menus"
         allow["replay"] = "headers device common virtual graphics shell game startup"
-        allow["program"] = "headers device common virtual sdl startup replay"
+        allow["program"] = "headers device common virtual sdl host startup replay"
     }
 
     function layer(file)

@@ -7,6 +7,7 @@
 const fs = require('node:fs');
 
 const { openBrowser, prepare, Server, untilPlaying } = require('./browser.js');
+const { placeOf } = require('./games.js');
 
 const seconds = Number(process.argv[2] ?? 60);
 
@@ -48,42 +49,47 @@ async function shareDuring(browser, something) {
   return ((100 * (rendererTicks(browser) - before)) / TICKS_PER_SECOND / passed).toFixed(1);
 }
 
-/** Taps a pixel of the handheld's screen. */
-async function tap(page, x, y) {
-  const box = await (await page.$('#picture')).boundingBox();
-  await page.mouse.click(box.x + ((x + 0.5) * box.width) / 240, box.y + ((y + 0.5) * box.height) / 320);
-}
-
 async function measure(server, width, height, density) {
   const browser = await openBrowser();
   const [page] = await browser.pages();
   prepare(page);
   await page.bringToFront();
   await page.setViewport({ width, height, deviceScaleFactor: density });
+  await page.evaluateOnNewDocument(() => {
+    window.times = [];
+    const request = window.requestAnimationFrame.bind(window);
+    window.requestAnimationFrame = (call) =>
+      request((time) => {
+        window.times.push(time);
+        call(time);
+      });
+    const instantiate = WebAssembly.instantiate;
+    WebAssembly.instantiate = async (...rest) => {
+      const result = await instantiate(...rest);
+      window.memory = Object.values(result.instance.exports).find((value) => value instanceof WebAssembly.Memory);
+      return result;
+    };
+  });
   const clicked = Date.now();
   await page.goto(server.url);
   await untilPlaying(page);
   console.log(`${width} x ${height} at ${density}: first frame after ${Date.now() - clicked} ms`);
+  const tap = async (x, y) => page.mouse.click(...(await placeOf(page, x, y)));
   await sleep(3000);
   console.log(`  menu: ${await shareDuring(browser, () => sleep((seconds * 1000) / 4))} % of a core`);
 
   for (const [x, y] of [[120, 130], [120, 160], [120, 130]]) {
-    await tap(page, x, y);
+    await tap(x, y);
     await sleep(800);
   }
-  await page.evaluate(() => {
-    window.times = [];
-    const note = (time) => {
-      window.times.push(time);
-      requestAnimationFrame(note);
-    };
-    requestAnimationFrame(note);
-  });
+  const [left, top] = await placeOf(page, 0, 0);
+  const [right, bottom] = await placeOf(page, 200, 160);
+  await page.evaluate(() => (window.times = []));
   const share = await shareDuring(browser, async () => {
     const end = Date.now() + seconds * 1000;
     for (let i = 0; Date.now() < end; ++i) {
-      await tap(page, 20 + ((i * 67) % 200), 60 + ((i * 41) % 160));
-      await sleep(400);
+      await page.mouse.click(left + (right - left) * ((i * 0.37) % 1), top + (bottom - top) * (0.3 + ((i * 0.23) % 0.7)));
+      await sleep(500);
     }
   });
   const times = await page.evaluate(() => window.times);
@@ -92,8 +98,8 @@ async function measure(server, width, height, density) {
   const late = gaps.filter((gap) => gap > 25).length;
   console.log(`  play: ${share} % of a core, ${rate.toFixed(2)} refreshes a second, longest gap ${Math.max(...gaps).toFixed(1)} ms, ${late} over 25 ms`);
   const { JSHeapUsedSize } = await page.metrics();
-  const memory = await page.evaluate(() => window.memoryBytes?.());
-  console.log(`  heap: ${(JSHeapUsedSize / 2 ** 20).toFixed(1)} MiB of JavaScript, ${memory ? (memory / 2 ** 20).toFixed(1) : '?'} MiB of the program`);
+  const inMiB = (bytes) => (bytes / 2 ** 20).toFixed(1);
+  console.log(`  heap: ${inMiB(JSHeapUsedSize)} MiB of JavaScript, ${inMiB(await page.evaluate(() => window.memory.buffer.byteLength))} MiB of the program`);
   const other = await browser.newPage();
   await other.bringToFront();
   await sleep(1000);

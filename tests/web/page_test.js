@@ -118,7 +118,7 @@ describe('a game', () => {
   // Emulated densities are laid out in points, real ones in pixels.
   for (const density of [1, 1.1, 1.5, 2.625, 3])
     test(`is sharp at a density of ${density}`, async () => {
-      const dense = await openBrowser([`--force-device-scale-factor=${density}`]);
+      const dense = await openBrowser([`--force-device-scale-factor=${density}`, '--window-size=800,800']);
       try {
         const page = prepare(await dense.newPage());
         await page.setViewport(null);

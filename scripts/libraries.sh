@@ -16,6 +16,8 @@ esac
 place=$PWD/build/libraries
 sources=$place/sources
 prefix=$place/$target
+# What was built by another one is built anew.
+recipe=$(cksum <scripts/libraries.sh)
 
 # What the game does not need of SDL.
 sdl_left_out="-DSDL_RENDER=OFF -DSDL_JOYSTICK=OFF -DSDL_HAPTIC=OFF -DSDL_HIDAPI=OFF -DSDL_SENSOR=OFF -DSDL_POWER=OFF
@@ -72,13 +74,13 @@ keep_for_next_time()
 {
     mkdir -p "$prefix/licences" "$prefix/built"
     cp "$sources/$1/debian/copyright" "$prefix/licences/$1.txt"
-    touch "$prefix/built/$1"
+    echo "$recipe" >"$prefix/built/$1"
 }
 
 # start PACKAGE: unpacks it; fails where it was built already.
 start()
 {
-    [ ! -e "$prefix/built/$1" ] || return 1
+    [ "$(cat "$prefix/built/$1" 2>/dev/null)" != "$recipe" ] || return 1
     fetch "$1"
     echo "Building $1 for $target ..."
     build=$place/$target-build/$1

@@ -22,12 +22,8 @@ constexpr std::uint32_t kMaxRefreshRate = 1000;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr Message kQuit{platform::WM_QUIT, 0, 0};
 
-/// What is wrong with the line being read.
-struct Fault {
-    std::string what;
-};
-
-/// The words of one line, taken one after the other.
+/// The words of one line, taken one after the other, and what is wrong with it. Behind a fault there are no
+/// more words.
 class Words
 {
 public:
@@ -35,11 +31,22 @@ public:
 
     bool atEnd() const { return rest_.empty(); }
 
+    /// The first fault; empty while there is none.
+    const std::string &fault() const { return fault_; }
+    void fail(const std::string &what)
+    {
+        if (fault_.empty())
+            fault_ = what;
+        rest_ = {};
+    }
+
     /// The next word. `what` says what is missing at the end of the line.
     std::string_view word(std::string_view what)
     {
-        if (atEnd())
-            throw Fault{"missing " + std::string(what)};
+        if (atEnd()) {
+            fail("missing " + std::string(what));
+            return {};
+        }
         const std::size_t length = std::min(rest_.find_first_of(" \t"), rest_.size());
         const std::string_view taken = rest_.substr(0, length);
         rest_.remove_prefix(length);
@@ -52,14 +59,14 @@ public:
     {
         const std::string_view digits = word(what);
         const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-        if (!std::all_of(digits.begin(), digits.end(), isDigit))
-            throw Fault{"'" + std::string(digits) + "' is not a number, " + std::string(what) + " is wanted"};
         std::uint32_t value = 0;
         const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        if (result.ec != std::errc() || value > max)
-            throw Fault{std::string(what) + " " + std::string(digits) + " is over " + std::to_string(max)};
-        if (value < min)
-            throw Fault{std::string(what) + " " + std::string(digits) + " is under " + std::to_string(min)};
+        if (!std::all_of(digits.begin(), digits.end(), isDigit))
+            fail("'" + std::string(digits) + "' is not a number, " + std::string(what) + " is wanted");
+        else if (result.ec != std::errc() || value > max)
+            fail(std::string(what) + " " + std::string(digits) + " is over " + std::to_string(max));
+        else if (value < min)
+            fail(std::string(what) + " " + std::string(digits) + " is under " + std::to_string(min));
         return value;
     }
 
@@ -69,22 +76,23 @@ public:
         const std::string_view digits = word("checksum");
         const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
         if (digits.size() != kChecksumDigits || !std::all_of(digits.begin(), digits.end(), isDigit))
-            throw Fault{"'" + std::string(digits) + "' is no checksum of 8 lower-case hex digits"};
+            fail("'" + std::string(digits) + "' is no checksum of 8 lower-case hex digits");
         std::uint32_t value = 0;
         std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
         return value;
     }
 
-    void end() const
+    void end()
     {
         if (!atEnd())
-            throw Fault{"'" + std::string(rest_.substr(0, rest_.find_first_of(" \t"))) + "' is too much"};
+            fail("'" + std::string(rest_.substr(0, rest_.find_first_of(" \t"))) + "' is too much");
     }
 
 private:
     void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size())); }
 
     std::string_view rest_;
+    std::string fault_;
 };
 
 std::uint32_t pointParameter(Words &words)
@@ -112,7 +120,7 @@ Action frameBuffer(Words &words)
 {
     const std::string_view state = words.word("'on' or 'off'");
     if (state != "on" && state != "off")
-        throw Fault{"'" + std::string(state) + "' is neither 'on' nor 'off'"};
+        words.fail("'" + std::string(state) + "' is neither 'on' nor 'off'");
     return FrameBuffer{state == "on"};
 }
 
@@ -124,7 +132,7 @@ Action snapshot(Words &words)
                c == '_';
     };
     if (!std::all_of(name.begin(), name.end(), isAllowed))
-        throw Fault{"'" + std::string(name) + "' may hold only letters, digits, '-' and '_'"};
+        words.fail("'" + std::string(name) + "' may hold only letters, digits, '-' and '_'");
     return Snapshot{std::string(name)};
 }
 
@@ -168,13 +176,16 @@ constexpr HeaderDirective kHeaderDirectives[] = {
      [](Words &words, Script &script) { script.hiddenFiles.emplace_back(words.word("a file name")); }},
 };
 
-template <class Table> auto findDirective(const Table &table, std::string_view word)
+/// Null, and a fault of the line, for a word that is none.
+template <class Directive, std::size_t N>
+const Directive *findDirective(const Directive (&table)[N], std::string_view word, Words &words)
 {
-    const auto found = std::find_if(std::begin(table), std::end(table),
-                                    [word](const auto &entry) { return entry.word == word; });
-    if (found == std::end(table))
-        throw Fault{"unknown directive '" + std::string(word) + "'"};
-    return found;
+    for (const Directive &directive : table) {
+        if (directive.word == word)
+            return &directive;
+    }
+    words.fail("unknown directive '" + std::string(word) + "'");
+    return nullptr;
 }
 
 class Parser
@@ -182,19 +193,22 @@ class Parser
 public:
     explicit Parser(Script &script) : script_(script) {}
 
-    void readLine(std::string_view line)
+    /// @return what is wrong with the line, empty when nothing is.
+    std::string readLine(std::string_view line)
     {
         ++line_;
-        checkText(line);
+        if (const char *fault = textFault(line))
+            return fault;
         Words words(line);
         if (words.atEnd())
-            return;
+            return "";
         const std::string_view first = words.word("a directive");
         if (first == "at")
             readTimed(words);
         else
             readHeader(first, words);
         words.end();
+        return words.fault();
     }
 
     void finish()
@@ -208,40 +222,40 @@ public:
     std::size_t line() const { return line_; }
 
 private:
-    static void checkText(std::string_view line)
+    /// Null for a line that is as text must be.
+    static const char *textFault(std::string_view line)
     {
         if (line.find('\r') != std::string_view::npos)
-            throw Fault{"carriage return; lines end in a line feed alone"};
+            return "carriage return; lines end in a line feed alone";
         if (line.find(kByteOrderMark) != std::string_view::npos)
-            throw Fault{"byte-order mark; save the script without one"};
-        if (!platform::common::isUtf8(line))
-            throw Fault{"not UTF-8 text"};
+            return "byte-order mark; save the script without one";
+        return platform::common::isUtf8(line) ? nullptr : "not UTF-8 text";
     }
 
     void readHeader(std::string_view word, Words &words)
     {
-        const auto directive = findDirective(kHeaderDirectives, word);
+        const HeaderDirective *directive = findDirective(kHeaderDirectives, word, words);
+        if (!directive)
+            return;
         if (!script_.timeline.empty())
-            throw Fault{"'" + std::string(word) + "' must stand before the timed lines"};
-        if (!seenHeaders_.insert(directive->word).second && !directive->repeatable)
-            throw Fault{"'" + std::string(word) + "' stands here a second time"};
-        directive->read(words, script_);
+            words.fail("'" + std::string(word) + "' must stand before the timed lines");
+        else if (!seenHeaders_.insert(directive->word).second && !directive->repeatable)
+            words.fail("'" + std::string(word) + "' stands here a second time");
+        else
+            directive->read(words, script_);
     }
 
     void readTimed(Words &words)
     {
         const std::uint32_t atMs = words.number("time", kMaxNumber);
         if (!script_.timeline.empty() && atMs < script_.timeline.back().atMs)
-            throw Fault{"time " + std::to_string(atMs) + " is before the previous line's " +
-                        std::to_string(script_.timeline.back().atMs)};
-        script_.timeline.push_back({atMs, readAction(words.word("what happens"), words), line_});
-    }
-
-    static Action readAction(std::string_view word, Words &words)
-    {
+            words.fail("time " + std::to_string(atMs) + " is before the previous line's " +
+                       std::to_string(script_.timeline.back().atMs));
+        const std::string_view word = words.word("what happens");
         if (const MessageWord *named = findWord(word))
-            return namedMessage(*named, words);
-        return findDirective(kTimedDirectives, word)->read(words);
+            script_.timeline.push_back({atMs, namedMessage(*named, words), line_});
+        else if (const Directive *directive = findDirective(kTimedDirectives, word, words))
+            script_.timeline.push_back({atMs, directive->read(words), line_});
     }
 
     Script &script_;
@@ -255,14 +269,12 @@ std::optional<ScriptFault> parseScript(std::string_view text, Script &script)
 {
     script.text = text;
     Parser parser(script);
-    try {
-        while (!text.empty()) {
-            const std::size_t length = std::min(text.find('\n'), text.size());
-            parser.readLine(text.substr(0, length));
-            text.remove_prefix(std::min(length + 1, text.size()));
-        }
-    } catch (const Fault &fault) {
-        return ScriptFault{parser.line(), fault.what};
+    while (!text.empty()) {
+        const std::size_t length = std::min(text.find('\n'), text.size());
+        const std::string fault = parser.readLine(text.substr(0, length));
+        if (!fault.empty())
+            return ScriptFault{parser.line(), fault};
+        text.remove_prefix(std::min(length + 1, text.size()));
     }
     parser.finish();
     return std::nullopt;

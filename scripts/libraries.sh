@@ -131,7 +131,6 @@ build_jpeg()
 # be changed in the source alone.
 keep_only_what_is_called()
 {
-    [ ! -e "$prefix/built/libsdl2" ] || return 0
     fetch libsdl2
     sed -i 's/^#define SDL_DYNAMIC_API 1$/#define SDL_DYNAMIC_API 0/' "$sources/libsdl2/src/dynapi/SDL_dynapi.h"
 }

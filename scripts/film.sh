@@ -56,7 +56,8 @@ sound_track()
     played=0
     sounding=
     sound_times | while read -r ms; do
-        end=$((ms * sample_rate / 1000 * 2))
+        samples=$((ms * sample_rate / 1000))
+        end=$((2 * samples))
         bytes=$((end - played))
         heard=0
         if [ -n "$sounding" ]; then

@@ -56,8 +56,9 @@ recording=$(echo played/recordings/*.mygame)
 [ "$(grep -c ' check ' "$recording")" -ge 5 ] || fail "the recording holds too few checks: $(cat "$recording")"
 "$programs/replay" "$recording" || fail "the recording, played, shows something else: $(cat "$recording")"
 
-# title: what the window says where a recording is watched.
+# title: what the window says where a recording is watched. says PATTERN: whether it is like that.
 title() { xprop -id "$window" _NET_WM_NAME | sed 's/.* = "\(.*\)"$/\1/'; }
+# shellcheck disable=SC2053
 says() { [[ "$(title)" == $1 ]]; }
 # watch FILE: in a window that xdotool finds by its class alone.
 watch()

@@ -37,7 +37,7 @@ FOLDERS = "graphics,shell,screens,game,program,platform/common,platform/calls,pl
 
 # The programs behind the tests, those that want no display first.
 FAST_PROGRAMS = ["unit_tests", "data_tests", "game_tests", "replay_tests", "replay", "platform_tests", "picture_fuzzer",
-                 "script_fuzzer"]
+                 "script_fuzzer", "aim"]
 WINDOW_PROGRAMS = ["mygame", "device_demo"]
 SOAK_FRAMES = "40000"
 

@@ -4,7 +4,7 @@ set -eu
 cd "$(dirname "$(readlink -f "$0")")/../.."
 . scripts/packages.sh
 
-take_arguments "[FILE]" "Plays the page in a browser that nobody sees; with another file of tests/web than page_test.js runs that." "$@"
+take_arguments "[PROGRAM]" "Plays the page in a browser that nobody sees. With a program for node, runs that with the browser." "$@"
 
 work=build/web-test
 
@@ -30,5 +30,5 @@ NODE_PATH=$PWD/$work/node_modules
 export NODE_PATH
 case ${1:-} in
 '') node --test-reporter spec --test tests/web/page_test.js ;;
-*) node "tests/web/$1" ;;
+*) node "$1" ;;
 esac

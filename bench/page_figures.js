@@ -1,13 +1,13 @@
 /**
  * Measures what the page costs and how evenly it plays: first frame, pictures a second, longest gap, the renderer's share
- * of a core, memory. Usage: node figures.js [SECONDS]
+ * of a core, memory. Usage: node page_figures.js [SECONDS]
  */
 'use strict';
 
 const fs = require('node:fs');
 
-const { openBrowser, prepare, Server, untilPlaying } = require('./browser.js');
-const { placeOf } = require('./games.js');
+const { openBrowser, prepare, Server, untilPlaying } = require('../tests/web/browser.js');
+const { placeOf } = require('../tests/web/games.js');
 
 const seconds = Number(process.argv[2] ?? 60);
 

@@ -28,7 +28,9 @@ int run(std::string recording)
 {
     int status = 0;
     do {
-        status = recording.empty() ? program::play(recording) : program::watch(recording, recording);
+        std::string next;
+        status = recording.empty() ? program::play(next) : program::watch(recording, next);
+        recording = next;
     } while (!recording.empty());
     return status;
 }

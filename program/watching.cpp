@@ -74,9 +74,9 @@ void showFault(const std::string &fault, platform::ViewerWindow &window)
 
 int watch(const std::string &file, std::string &next)
 {
-    const std::string name = file, folder = dataFolder();
+    const std::string folder = dataFolder();
     replay::Script script;
-    const std::string fault = replay::loadScript("mygame", name, script);
+    const std::string fault = replay::loadScript("mygame", file, script);
     if (!fault.empty())
         std::fprintf(stderr, "%s\n", fault.c_str());
     next.clear();
@@ -97,7 +97,7 @@ int watch(const std::string &file, std::string &next)
     if (!game.firstWrongFrame())
         return EXIT_SUCCESS;
     std::fprintf(stderr, "mygame: %s: the pictures are not those recorded, from frame %llu on\n",
-                 name.c_str(), static_cast<unsigned long long>(*game.firstWrongFrame()));
+                 file.c_str(), static_cast<unsigned long long>(*game.firstWrongFrame()));
     return kExitUnmetCheck;
 }
 

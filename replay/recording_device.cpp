@@ -94,11 +94,10 @@ void RecordingDevice::noteMessage(const platform::MSG &message)
     if (noteActivation(message))
         return;
     const MessageWord *named = findWord(message.message);
-    if (!named)
-        note(atMs, "message", {message.message, message.wParam, lParam});
-    else if (named->isStylus) // wParam says what else is down, which the program never asks.
+    const bool isKey = named && !named->isStylus && message.wParam <= kMaxWord16 && lParam == 0;
+    if (named && named->isStylus) // wParam says what else is down, which the program never asks.
         note(atMs, named->word, {lParam & kMaxWord16, lParam >> 16});
-    else if (message.wParam <= kMaxWord16 && lParam == 0)
+    else if (isKey)
         note(atMs, named->word, {message.wParam});
     else
         note(atMs, "message", {message.message, message.wParam, lParam});

@@ -133,8 +133,8 @@ TEST_P(Replays, Show)
 {
     const Evidence evidence = evidenceOf(GetParam());
     const std::string picture = pictureLeft(GetParam(), evidence.run["errors"]);
-    EXPECT_EQ(picture, "") << evidence.run["errors"].get<std::string>() << "scripts/recorded.sh " << GetParam()
-                           << " shows both";
+    EXPECT_EQ(picture, "") << evidence.run["errors"].get<std::string>() << "scripts/recorded.sh "
+                           << GetParam() << " shows both";
     const bool isPinned = readFile(GetParam() + ".txt").find(" check ") != std::string::npos;
     EXPECT_EQ(isPinned, !evidence.frames.empty()) << "scripts/pin.sh pins it";
     std::string text = readFile(kReplays / (GetParam() + ".facts"));

@@ -1,7 +1,7 @@
+#include "platform/common/folders.h"
+
 #include <cerrno>
 #include <sys/stat.h>
-
-#include "platform/common/folders.h"
 
 namespace platform::common
 {

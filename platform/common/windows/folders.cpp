@@ -1,7 +1,7 @@
+#include "platform/common/folders.h"
+
 #include <cerrno>
 #include <direct.h>
-
-#include "platform/common/folders.h"
 
 namespace platform::common
 {

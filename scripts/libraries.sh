@@ -115,6 +115,7 @@ build_zlib()
         for name in adler32 compress crc32 deflate infback inffast inflate inftrees trees uncompr zutil; do
             "$compiler" -Os -ffunction-sections -fdata-sections -c "$sources/zlib/$name.c" || exit
         done
+        rm -f "$prefix/lib/libz.a"
         "$archiver" rcs "$prefix/lib/libz.a" ./*.o
     ) >"$build.log" 2>&1 || fail "cannot build zlib for $target; what the compiler said: $build.log"
     keep_for_next_time zlib
@@ -168,6 +169,7 @@ CONFIG
     ) >"$build/files"
     (
         cd "$build" || exit
+        rm -f "$prefix/lib/libSDL2.a"
         # shellcheck disable=SC2086 # one word an option
         xargs -P "$(nproc)" -n 16 "$compiler" $core_options -I"$headers" -c <files &&
             "$archiver" rcs "$prefix/lib/libSDL2.a" ./*.o

@@ -12,8 +12,8 @@ namespace
 
 constexpr std::uint32_t kScreenWidth = 240;
 constexpr std::uint32_t kScreenHeight = 320;
-constexpr std::uint32_t kMsPerMinute = 60000;
-constexpr std::uint32_t kMsPerHour = 3600000;
+/// That a recording can name.
+constexpr std::uint32_t kLongestFrameMs = 10000;
 
 } // namespace
 
@@ -32,15 +32,8 @@ bool Player::isCurrent(const std::string &screen) const
     return application.currentScreen() == application.findScreen(screen);
 }
 
-void Player::tell(const std::string &what)
-{
-    if (onAct)
-        onAct(what);
-}
-
 int Player::post(std::uint32_t message, std::uint32_t wParam, std::uint32_t lParam)
 {
-    tell("message " + std::to_string(message) + ' ' + std::to_string(wParam) + ' ' + std::to_string(lParam));
     device_.post(message, wParam, lParam);
     return 1;
 }
@@ -119,7 +112,6 @@ int Player::disturb()
 {
     switch (below(4)) {
     case 0:
-        tell(device_.inForeground() ? "background" : "foreground");
         if (device_.inForeground())
             device_.leaveForeground();
         else
@@ -151,25 +143,15 @@ int Player::sendUnknownMessage()
 
 void Player::changeDevice()
 {
-    if (oneIn(300)) {
+    if (oneIn(300))
         device_.frameBufferOn = !device_.frameBufferOn;
-        tell(device_.frameBufferOn ? "frame-buffer on" : "frame-buffer off");
-    }
     if (!oneIn(200))
         return;
     constexpr std::uint32_t kCosts[] = {0, 1, 7, 16, 16, 16, 16, 33, 100, 1000};
     device_.frameCostMs = kCosts[below(std::size(kCosts))];
-    tell("frame-cost " + std::to_string(device_.frameCostMs));
-    if (!onAct)
-        loseTime();
-}
-
-void Player::loseTime()
-{
+    // A few frames of it lose minutes.
     if (oneIn(20))
-        device_.advance(below(kMsPerMinute));
-    if (oneIn(500))
-        device_.advance(below(kMsPerHour));
+        device_.frameCostMs = kLongestFrameMs;
 }
 
 } // namespace soak

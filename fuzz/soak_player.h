@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <random>
 #include <string>
 
@@ -21,10 +20,6 @@ public:
     /// Does something, or nothing, in a pass of the main loop. @return the messages that it queued.
     int act();
 
-    /// Told what the player and the device do, as a script says it. No time is lost between two frames then,
-    /// which no script can say.
-    std::function<void(const std::string &)> onAct;
-
 private:
     bool oneIn(int count);
     std::uint32_t below(std::uint32_t limit);
@@ -38,9 +33,7 @@ private:
     int pressHarmlessKey();
     int sendUnknownMessage();
     void changeDevice();
-    void loseTime();
 
-    void tell(const std::string &what);
     int post(std::uint32_t message, std::uint32_t wParam, std::uint32_t lParam);
     int send(std::uint32_t message, std::uint32_t x, std::uint32_t y);
     int tapAnywhere();

@@ -64,6 +64,7 @@ void Watch::require(bool holds, const char *what) const
         return;
     std::fprintf(stderr, "soak: frame %llu, screen %s: %s\n", static_cast<unsigned long long>(frame_),
                  lastScreen_.c_str(), what);
+    onBroken();
     std::abort();
 }
 

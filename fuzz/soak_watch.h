@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
 
@@ -32,6 +33,9 @@ public:
     bool onEvent(const mygame::Event &event) override;
 
     std::string report() const;
+
+    /// Called when something does not hold, before the end.
+    std::function<void()> onBroken = [] {};
 
 private:
     void require(bool holds, const char *what) const;

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the README's pictures from a recorded game: two screens, and an animated picture of a part of it.
+# Makes the README's pictures from a recorded game: two screens, and a film of a part of it.
 # Needs the release build (./test.sh or ./play.sh).
 set -eu
 cd "$(dirname "$(readlink -f "$0")")/.."
@@ -10,10 +10,9 @@ docs=$PWD/docs
 replay=$PWD/build/release/bin/replay
 demo=$PWD/replay/demo.txt
 
-# The part shown in motion, and the time between its pictures, in milliseconds.
-first=18300
-last=23500
-step=80
+# The part shown in motion, in seconds.
+first=18.3
+last=21.9
 
 [ -x "$replay" ] || fail "$replay is missing; run ./test.sh first"
 install_missing imagemagick
@@ -22,16 +21,10 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 
-# Puts a snapshot line for each picture into the recording, where its time falls.
-awk -v first=$first -v last=$last -v step=$step '
-    BEGIN { next_at = first }
-    $1 == "at" { while (next_at <= last && next_at <= $2) { print "at", next_at, "snapshot motion-" next_at; next_at += step } }
-    { print }' "$demo" > motion.txt
-
-"$replay" motion.txt --snapshots pictures
+"$replay" "$demo" --snapshots pictures
 
 # Sharp pixels at twice the size, without the date of the day.
 for screen in menu shop; do
     convert pictures/$screen.png -filter point -resize 200% -strip "$docs/$screen.png"
 done
-convert -delay $((step / 10)) -loop 0 pictures/motion-*.png +dither +remap -layers OptimizeTransparency "$docs/motion.gif"
+"$docs/../scripts/film.sh" "$demo" "$docs/motion.gif" $first $last

@@ -14,8 +14,18 @@ rate=60
 gif_rate=50
 sample_rate=44100
 
-take_arguments "FILE OUT" "Makes a film of a recording. OUT ends in .mp4, .webm or .gif." "$@"
-[ $# -eq 2 ] || bad_use "a recording and a film are wanted"
+take_arguments "FILE OUT [FROM TO]" "Makes a film of a recording, or of the part between two moments in seconds. OUT ends in .mp4,
+.webm or .gif." "$@"
+[ $# -eq 2 ] || [ $# -eq 4 ] || bad_use "a recording and a film are wanted, and two moments or none"
+cut=
+sound_cut=
+if [ $# -eq 4 ]; then
+    for moment in "$3" "$4"; do
+        case $moment in "" | *[!0-9.]* | *.*.*) bad_use "'$moment' is no number of seconds" ;; esac
+    done
+    cut="trim=$3:$4,setpts=PTS-STARTPTS,"
+    sound_cut="-af atrim=$3:$4,asetpts=PTS-STARTPTS"
+fi
 script=$(realpath "$1") || bad_use "cannot read '$1'"
 case $2 in
 /*) film=$2 ;;
@@ -76,12 +86,13 @@ replay_folder=$(dirname "$replay")
 echo "Filming ..."
 # shellcheck disable=SC2086 # one word an option
 if [ -z "$codecs" ]; then
-    show --frames - | ffmpeg -loglevel error -y $raw -i - -vf \
-        "fps=$gif_rate,$enlarged,split[a][b];[a]palettegen=stats_mode=diff[p];[b][p]paletteuse=dither=none:diff_mode=rectangle" \
-        "$film" || fail "cannot make the film '$film'"
+    set -- -vf "${cut}fps=$gif_rate,$enlarged,split[a][b];[a]palettegen=stats_mode=diff[p];[b][p]paletteuse=dither=none:diff_mode=rectangle"
 else
     sound_track >track.raw
-    show --frames - | ffmpeg -loglevel error -y $raw -i - -f s16le -ac 1 -ar $sample_rate -i track.raw \
-        -vf "$enlarged" $codecs "$film" || fail "cannot make the film '$film'"
+    set -- -f s16le -ac 1 -ar $sample_rate -i track.raw -vf "$cut$enlarged" $sound_cut $codecs
 fi
+# What comes after the part is read, too, or the recording could not be played to its end.
+# shellcheck disable=SC2086 # one word an option
+show --frames - | { ffmpeg -loglevel error -y $raw -i - "$@" "$film" && cat >/dev/null; } ||
+    fail "cannot make the film '$film'"
 echo "The film: $film"

@@ -18,20 +18,6 @@ struct GameRulesTest : GameTest {
     }
 };
 
-TEST_F(GameRulesTest, BlastStrictlyWithin28Pixels)
-{
-    hang(1, 128, 100);
-    hang(2, 100, 127);
-    hang(3, 119, 80); // 19 * 19 + 20 * 20 is below 28 * 28
-    hang(4, 120, 80);
-    aim(9, 100, 100);
-    state.missiles[9].flightMs = 5;
-    EXPECT_EQ(frame(5), "tick") << "at the end of its flight, not after it";
-    EXPECT_EQ(frame(1), "tick, detonated, destroyed, destroyed");
-    EXPECT_TRUE(state.asteroids.contains(1) && state.asteroids.contains(4));
-    EXPECT_EQ(state.player.money, 200);
-}
-
 TEST_F(GameRulesTest, WrapFarDistances)
 {
     constexpr struct {
@@ -46,22 +32,6 @@ TEST_F(GameRulesTest, WrapFarDistances)
     for (const auto &[x, inside] : {std::pair{9, true}, {10, false}, {46340, false}, {46341, true}}) {
         missile.x = x;
         EXPECT_EQ(inRange(Asteroid(), missile, 10), inside) << x;
-    }
-}
-
-TEST_F(GameRulesTest, LetNothingComeOrEndWithoutAMode)
-{
-    for (const GameMode mode : {GameMode::None, static_cast<GameMode>(-1), static_cast<GameMode>(99)}) {
-        play(mode, Difficulty::Hard);
-        EXPECT_TRUE(state.asteroids.empty() && state.player.missileSlots == 0);
-        EXPECT_EQ(rulesOf(mode).clock(state), u"");
-        EXPECT_EQ(frame(200000), "tick");
-        EXPECT_TRUE(canResume(state)) << "its time is never up";
-        state.player.health = 0;
-        EventBus::instance().post<GameEndedEvent>();
-        EXPECT_EQ(frame(), "ended, tick");
-        EXPECT_EQ(application.currentScreen(), application.findScreen("GAME")) << "no other screen follows";
-        EXPECT_FALSE(canResume(state));
     }
 }
 
@@ -94,7 +64,8 @@ TEST_F(GameRulesTest, WearThePropulsionDownToNothing)
     EXPECT_EQ(state.player.money, 0);
     application.setScreen("GAME");
     tap(100, 100);
-    EXPECT_EQ(frame(), "resume, fire, tick, launched, detonated");
+    frame();
+    EXPECT_TRUE(state.missiles.empty() && state.explosions.size() == 1) << "it detonates where it starts";
 }
 
 } // namespace

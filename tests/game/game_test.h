@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -16,26 +15,6 @@
 namespace mygame::tests
 {
 
-/// Writes down what is delivered, as the last listener.
-struct Story final : EventListener {
-    Story()
-    {
-        for (std::int32_t type = kNewGame; type <= kNukeFlash; ++type)
-            EventBus::instance().subscribe(type, this);
-    }
-
-    bool onEvent(const Event &event) override
-    {
-        constexpr const char *kNames[] = {"",    "new",       "resume", "pause",    "tick", "spawned",
-                                          "",    "destroyed", "fire",   "launched", "",     "detonated",
-                                          "hit", "finished",  "ended",  "wave",     "nuke", "flash"};
-        text += (text.empty() ? "" : ", ") + std::string(kNames[event.type]);
-        return true;
-    }
-
-    std::string text;
-};
-
 /// One for the process: what has subscribed to the bus stays subscribed.
 struct World {
     static World &instance()
@@ -45,7 +24,6 @@ struct World {
     }
 
     Program program;
-    Story story; ///< Subscribes after everything in the program.
 };
 
 /// A fresh device in use, switched on later than any before it.
@@ -75,7 +53,6 @@ protected:
         state.asteroids.clear();
         state.missiles.clear();
         state.explosions.clear();
-        story.clear();
     }
 
     /// Starts a game and delivers its first frame.
@@ -88,12 +65,11 @@ protected:
         frame();
     }
 
-    /// Lets time pass, then updates the current screen. @return what was delivered in this frame.
-    std::string frame(std::uint32_t afterMs = 0)
+    /// Lets time pass, then updates the current screen.
+    void frame(std::uint32_t afterMs = 0)
     {
         device.advance(afterMs);
         application.update(device.tick());
-        return std::exchange(story, "");
     }
 
     void tap(std::uint16_t x, std::uint16_t y)
@@ -117,7 +93,6 @@ protected:
     LaterDevice device;
     Application &application = World::instance().program.application();
     GameState &state = const_cast<GameState &>(World::instance().program.state()); // tests set scenes up
-    std::string &story = World::instance().story.text;
 };
 
 } // namespace mygame::tests

@@ -1,4 +1,5 @@
-/// The whole program with bad data files: each picture and the sound by itself, and all pictures together.
+/// The whole program with bad pictures: all together where they are none, and each by itself where it is an
+/// odd one.
 #include <algorithm>
 #include <filesystem>
 #include <regex>
@@ -19,15 +20,14 @@ namespace
 constexpr const char *kNoPictures[] = {"bad/empty", "bad/4097-wide.png", "bad/cut-in-the-middle.jpg"};
 constexpr const char *kOddPictures[] = {"odd/1x1.png", "odd/4096x1.png", "odd/1x4096.png"};
 
-bool isSound(const std::string &name) { return name.ends_with(".wav"); }
-
-/// The seventeen pictures and the sound; the icons are no business of the game.
-std::vector<std::string> dataFiles()
+/// The seventeen pictures; the icons are no business of the game.
+std::vector<std::string> pictures()
 {
     std::vector<std::string> names;
     for (const auto &entry : std::filesystem::directory_iterator(DATA_FOLDER)) {
-        if (!entry.path().filename().string().starts_with("icon"))
-            names.push_back(entry.path().filename());
+        const std::string name = entry.path().filename();
+        if (!name.starts_with("icon") && !name.ends_with(".wav"))
+            names.push_back(name);
     }
     return names;
 }
@@ -38,7 +38,7 @@ std::string play(const std::vector<std::string> &replaced, const std::string &by
 {
     std::filesystem::remove_all("data");
     std::filesystem::create_directory("data");
-    for (const std::string &name : dataFiles()) {
+    for (const std::string &name : pictures()) {
         const bool isGood = std::ranges::count(replaced, name) == 0;
         std::filesystem::create_symlink(isGood ? DATA_FOLDER "/" + name : PICTURES_FOLDER "/" + by,
                                         "data/" + name);
@@ -53,30 +53,19 @@ std::string play(const std::vector<std::string> &replaced, const std::string &by
     return readFile("trace");
 }
 
-struct BadData : DeviceTest, testing::WithParamInterface<std::string> {
-};
+using BadData = DeviceTest;
 
-TEST_P(BadData, IsNotDrawnAndEndsNothing)
+TEST_F(BadData, IsNotDrawnAndEndsNothing)
 {
-    std::vector<std::string> names = {GetParam()};
-    if (GetParam() == "every picture") {
-        names = dataFiles();
-        std::erase_if(names, isSound);
-    }
-    const std::string sound = play({}, ""), without = play(names, "missing");
-    EXPECT_TRUE(without != sound) << "never seen or heard";
-    for (const char *by : kNoPictures) {
-        // The device looks for the file of a sound, and plays nothing.
-        EXPECT_TRUE(play(names, by) == (isSound(GetParam()) ? sound : without)) << by << " was drawn";
-    }
-    for (const char *by : kOddPictures) {
-        const std::string trace = play(names, by);
-        EXPECT_EQ(std::ranges::count(trace, '\n'), std::ranges::count(sound, '\n')) << by;
+    const std::string without = play(pictures(), "missing");
+    for (const char *by : kNoPictures)
+        EXPECT_TRUE(play(pictures(), by) == without) << by << " was drawn";
+    for (const std::string &name : pictures()) {
+        for (const char *by : kOddPictures)
+            EXPECT_EQ(std::ranges::count(play({name}, by), '\n'), std::ranges::count(without, '\n'))
+                << name << by;
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Files, BadData, testing::ValuesIn(dataFiles()));
-INSTANTIATE_TEST_SUITE_P(All, BadData, testing::Values("every picture"));
 
 } // namespace
 } // namespace mygame::tests

@@ -168,21 +168,6 @@ TEST_F(ApplicationTest, RunsTheDueFrameOfThePassThatStopsIt)
                                           "s.render 240 320", "s.update 1001"}));
 }
 
-TEST_F(ApplicationTest, ReturnsFromEveryPassToAHostWithALoopOfItsOwn)
-{
-    ASSERT_TRUE(init());
-    application->setCurrentScreen(&screen);
-    application->requestStop();
-    application->beginLoop();
-    EXPECT_TRUE(application->runPass()) << "what was requested before the loop does not count";
-    device.post(platform::WM_QUIT, 0, 0);
-    EXPECT_FALSE(application->runPass());
-    closeLog();
-    std::filesystem::remove("log.txt");
-    application->endLoop();
-    EXPECT_EQ(logged(), "Main loop stopped");
-}
-
 TEST_F(ApplicationTest, SwitchesScreensAtOnceWithinADrain)
 {
     application->addScreen("t", &other);
@@ -193,19 +178,6 @@ TEST_F(ApplicationTest, SwitchesScreensAtOnceWithinADrain)
     postAt(0, {platform::WM_LBUTTONDOWN, platform::WM_LBUTTONUP});
     EXPECT_EQ(screenCallsUntil(0), (Calls{"s.down 0 0", "s.deactivate", "t.activate", "s.keyUp 1", "t.up 0 0",
                                           "t.render 240 320", "t.update 1000"}));
-}
-
-TEST_F(ApplicationTest, FindsScreensByTheirExactName)
-{
-    device.recordCalls = true;
-    application->addScreen("GAME", &other);
-    application->addScreen("GAME", &screen);
-    for (const char *name : {"GAME ", "GAME", "game", "GAME"})
-        application->setScreen(name);
-    application->setCurrentScreen(&other);
-    application->setCurrentScreen(&other);
-    EXPECT_EQ(device.calls, (Calls{"s.activate", "s.deactivate", "s.activate", "s.deactivate", "t.activate",
-                                   "t.deactivate", "t.activate"}));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 /// What a recording of a run says, and that it shows the same frames.
 #include <filesystem>
+#include <ranges>
 #include <string>
 #include <string_view>
 
@@ -62,8 +63,13 @@ TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
         if (game.path().extension() != ".txt")
             continue;
         SCOPED_TRACE(game.path());
-        play(recordingOf(readFile(game.path())));
+        const std::string recording = recordingOf(readFile(game.path()));
+        play(recording);
         EXPECT_EQ(run.exit, 0) << run.errors;
+        const std::size_t last = recording.rfind("\nat ");
+        const auto seconds = last == std::string::npos ? 0 : std::stoul(recording.substr(last + 4)) / 1000;
+        EXPECT_LE(std::ranges::distance(std::views::split(recording, std::string_view(" check "))),
+                  2 * seconds + 4);
     }
 }
 

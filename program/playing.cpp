@@ -2,10 +2,10 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 
 #include "platform/sdl/sdl_device.h"
 #include "program/folders.h"
+#include "program/recording_comments.h"
 #include "replay/recording_device.h"
 #include "replay/recording_file.h"
 #include "shell/startup.h"
@@ -18,14 +18,6 @@ namespace
 /// Beside the log.
 constexpr char kRecordingsFolder[] = "recordings";
 constexpr std::size_t kRecordings = 20;
-
-std::string recordingComments()
-{
-    const std::time_t now = std::time(nullptr);
-    char date[32];
-    std::strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S", std::localtime(&now));
-    return "# MyGame recording\n# MyGame " MYGAME_VERSION ", " MYGAME_HOST ", " + std::string(date) + '\n';
-}
 
 /// From its start to its end. A recording in which no game was begun is not worth keeping.
 void runProgram(replay::RecordingDevice &recording)

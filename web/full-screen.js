@@ -1,12 +1,11 @@
-/** The button for full screen, where the browser has that and the picture leaves room for a button. */
+/** The button for full screen, where the browser has that. */
 
 /**
- * @param {HTMLButtonElement} button hidden at first
- * @param {(element: HTMLElement) => boolean} isFree whether the picture leaves an element's place free
- * @returns {() => void} to be called when the picture's place changed
+ * @param {HTMLButtonElement} button
+ * @returns {boolean} whether it is of use
  */
-export function offerFullScreen(button, isFree) {
-  if (!document.fullscreenEnabled) return () => {};
+export function canFillScreen(button) {
+  if (!document.fullscreenEnabled) return false;
   button.addEventListener('click', () => {
     const done = document.fullscreenElement
       ? document.exitFullscreen()
@@ -19,8 +18,5 @@ export function offerFullScreen(button, isFree) {
     button.setAttribute('aria-label', name);
     button.title = name;
   });
-  return () => {
-    button.hidden = false;
-    button.hidden = !isFree(button);
-  };
+  return true;
 }

@@ -73,3 +73,16 @@ export function watchFocus(tell) {
   addEventListener('pointerdown', () => change(document.visibilityState === 'visible'));
   look();
 }
+
+/**
+ * Listens for a text file that is dropped on the page.
+ * @param {(text: string) => void} take
+ */
+export function watchDrops(take) {
+  addEventListener('dragover', (event) => event.preventDefault());
+  addEventListener('drop', async (event) => {
+    event.preventDefault();
+    const file = event.dataTransfer?.files[0];
+    if (file) take(await file.text());
+  });
+}

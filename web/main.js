@@ -1,28 +1,33 @@
-/** The page: loads the program, lets it play, and begins again when it has ended. */
+/** The page: loads the program, lets it play or show a recorded game, and begins again when that has ended. */
 
-import { offerFullScreen } from './full-screen.js';
-import { watchEscape, watchFocus, watchPointer } from './input.js';
+import { canFillScreen } from './full-screen.js';
+import { watchDrops, watchEscape, watchFocus, watchPointer } from './input.js';
+import { CAN_LINK, unpack } from './link.js';
 import { LoadError, loadFiles } from './loading.js';
+import { Offer } from './offer.js';
+import { makePanel } from './panel.js';
 import { Picture } from './picture.js';
+import { makeGame } from './playing.js';
+import { Recordings } from './recordings.js';
 import { callAtRefreshes, RateMeter } from './refreshing.js';
 import { Sound } from './sound.js';
+import { makeWatching } from './watching.js';
 
 const PROGRAM = 'mygame.wasm';
-
-/** What `runForRefresh` of program/web/main.cpp returns. */
-const GO_ON = 1;
-const END = 2;
 
 const element = (id) => document.getElementById(id);
 const showTrouble = (sentence) => window.showTrouble(sentence);
 
-const panel = element('panel');
-const again = element('again');
-const paused = element('paused');
 const picture = new Picture(element('room'), element('picture'));
 const sound = new Sound();
 const meter = new RateMeter();
-const placeFullScreenButton = offerFullScreen(element('full-screen'), (button) => picture.leavesFree(button));
+const recordings = new Recordings();
+const isFree = (button) => picture.leavesFree(button);
+const fullScreenButton = new Offer(element('full-screen'), isFree);
+const recordingsButton = new Offer(element('show-recordings'), isFree);
+
+/** Who hears what the program tells of a recorded game. */
+const tells = {};
 
 /** @returns the program, ready to start, with its files */
 async function load() {
@@ -32,11 +37,18 @@ async function load() {
     wasmBinary: files.get(PROGRAM),
     placeCanvas: (width, height, place) => {
       picture.place(width, height, place);
-      placeFullScreenButton();
+      fullScreenButton.place();
+      recordingsButton.place();
     },
     showRows: (...rows) => picture.showRows(...rows),
     showNote: (note) => (element('note').textContent = note),
     startSound: (path) => sound.start(path.slice(1)),
+    recordLines: (lines) => {
+      recordings.add(lines);
+      recordingsButton.offer(false);
+    },
+    tellFault: (fault) => tells.fault(fault),
+    tellPlace: (place) => tells.place(place),
     print: () => {},
     printErr: () => {},
   });
@@ -48,82 +60,85 @@ async function load() {
   return program;
 }
 
-/** Lets the program play, with all that happens to the page passed on to it. */
-function play(program) {
-  let running = false;
-  let inFront = false;
-  /** Whether the program has seen that it is in front. What brings it there is no tap in the game. */
-  let awake = false;
-  let rate = 0;
-  let size = null;
+/** Lets the player play, watch and choose, with all that happens to the page passed on. */
+function run(program) {
+  const page = { size: null, inFront: false, meter };
+  /** The game or the recorded one; null while the player chooses. */
+  let stage = null;
 
-  const run = (time) => {
-    const next = program._runForRefresh(time);
-    if (next === END) end();
-    awake = next === GO_ON;
-    return awake;
+  const choose = (sentence, playText) => {
+    stage = null;
+    element('note').textContent = '';
+    panel.show(sentence, playText);
   };
-  const refresh = callAtRefreshes((time) => {
-    if (!running) return false;
-    meter.add(time);
-    tellRate();
-    return run(time);
-  });
-  const tellRate = () => {
-    if (meter.rate === rate) return;
-    rate = meter.rate;
-    program._setRefreshRate(rate);
+  const play = () => {
+    leave();
+    // The page is no longer the one of a link.
+    history.replaceState(null, '', location.pathname + location.search);
+    panel.hide();
+    recordings.begin();
+    stage = game;
+    game.start();
+    recordings.names().then((names) => recordingsButton.offer(stage === game && !recordings.hasBegun && names.length > 0));
+  };
+  const watch = (recording) => {
+    leave();
+    panel.hide();
+    recordingsButton.offer(false);
+    stage = watching;
+    const fault = watching.start(recording);
+    if (fault) choose(`This recording cannot be shown: ${fault}.`, 'Play');
+  };
+  const leave = () => {
+    if (stage === game) game.quit();
+    if (stage === watching) watching.stop();
+  };
+  const openLink = async (packed) => {
+    if (!CAN_LINK) return choose('This browser is too old to show a recorded game; a newer one shows it.', 'Play');
+    const recording = await unpack(packed).catch(() => null);
+    if (recording === null) choose('This link to a recorded game is damaged or incomplete.', 'Play');
+    else watch(recording);
   };
   const start = () => {
-    running = true;
-    again.hidden = true;
-    panel.hidden = true;
-    paused.hidden = inFront;
-    program._start();
-    program._resizeRoom(...size);
-    if (inFront) program._gainFocus();
-    refresh();
-  };
-  const end = () => {
-    running = false;
-    paused.hidden = true;
-    element('message').textContent = 'The game has ended.';
-    again.hidden = false;
-    panel.hidden = false;
-    again.focus();
+    fullScreenButton.offer(canFillScreen(element('full-screen')));
+    element('progress').hidden = true;
+    if (location.hash.length > 1) openLink(location.hash.slice(1));
+    else play();
   };
 
-  element('progress').hidden = true;
-  again.addEventListener('click', start);
+  const game = makeGame(program, page, element('paused'), () => choose('The game has ended.', 'Play again'));
+  const watching = makeWatching(program, page);
+  const panel = makePanel(recordings, play, watch);
+  const leaveToPanel = () => {
+    leave();
+    choose('', 'Play');
+  };
+  tells.fault = watching.tellFault;
+  tells.place = watching.tellPlace;
+
+  element('play').addEventListener('click', play);
+  element('leave').addEventListener('click', leaveToPanel);
+  element('show-recordings').addEventListener('click', leaveToPanel);
   picture.watchSize((...newSize) => {
-    const isFirst = size === null;
-    size = newSize;
+    const isFirst = page.size === null;
+    page.size = newSize;
     if (isFirst) start();
-    if (!running) return;
-    program._resizeRoom(...size);
-    refresh();
+    stage?.resize();
   });
   watchFocus((now) => {
-    inFront = now;
-    paused.hidden = now || !running;
+    page.inFront = now;
     if (!now) sound.stop();
-    if (!running) return;
-    if (now) {
-      program._gainFocus();
-      refresh();
-    } else {
-      // There may be no refresh for a long time.
-      program._loseFocus();
-      run(performance.now());
-    }
+    stage?.changeFocus();
   });
   watchPointer(element('room'), (x, y) => picture.pixelAt(x, y), {
-    press: (x, y) => awake && program._pressPointer(x, y),
-    move: (x, y) => running && program._movePointer(x, y),
-    release: (x, y) => running && program._releasePointer(x, y),
-    cancel: () => running && program._cancelPointer(),
+    press: (x, y) => stage?.press(x, y),
+    move: (x, y) => stage?.move(x, y),
+    release: (x, y) => stage?.release(x, y),
+    cancel: () => stage?.cancel(),
   });
-  watchEscape(() => running && program._pressEscape());
+  watchEscape(() => (stage === watching ? leaveToPanel() : stage?.pressEscape()));
+  watchDrops(watch);
+  addEventListener('hashchange', () => location.reload());
   for (const type of ['pointerdown', 'pointerup', 'keydown']) addEventListener(type, () => sound.allow(), true);
 }
 
@@ -153,7 +168,7 @@ async function begin() {
     return loading;
   })();
   try {
-    play(await load());
+    run(await load());
   } catch (fault) {
     if (fault instanceof LoadError) showTrouble(fault.message);
     else if (fault instanceof TypeError) showTrouble('The game cannot start: its file mygame.js is missing or damaged.');

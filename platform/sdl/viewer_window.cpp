@@ -90,7 +90,7 @@ std::optional<ViewerWish> ViewerWindow::wishOfKey(const SDL_Keysym &key)
 void ViewerWindow::show(std::span<const std::uint16_t> picture)
 {
     Frame frame = shown_;
-    std::ranges::copy(picture.first(std::min(picture.size(), frame.size())), frame.begin());
+    std::copy_n(picture.begin(), std::min(picture.size(), frame.size()), frame.begin());
     damage_ = {spanOver(damage_.rows, differingRows(frame, shown_)), damage_.surroundings};
     shown_ = frame;
     if (!damage_.empty() && window_.presenter()->present(shown_, damage_))

@@ -34,6 +34,13 @@ void pushButton(SDL_EventType type, int x, int y)
 
 } // namespace
 
+void Page::setRefresh(double time)
+{
+    using Clock = RealTime::Clock;
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    refresh = Clock::time_point(std::chrono::duration_cast<Clock::duration>(Milliseconds(time)));
+}
+
 Page &page()
 {
     static Page page;
@@ -57,6 +64,14 @@ EMSCRIPTEN_KEEPALIVE void setRefreshRate(int rate)
 {
     platform::page().refreshRate = rate;
     platform::pushWindowEvent(SDL_WINDOWEVENT_DISPLAY_CHANGED);
+}
+
+/// Asks the program to end.
+EMSCRIPTEN_KEEPALIVE void quit()
+{
+    SDL_QuitEvent event{};
+    event.type = SDL_QUIT;
+    platform::push({.quit = event});
 }
 
 EMSCRIPTEN_KEEPALIVE void gainFocus() { platform::pushWindowEvent(SDL_WINDOWEVENT_FOCUS_GAINED); }

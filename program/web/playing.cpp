@@ -1,24 +1,39 @@
-/// The program in a page, which calls it at each refresh of the display.
-#include <chrono>
+/// The program in a page, which calls it at each refresh of the display, and keeps its recording.
 #include <emscripten.h>
 #include <optional>
 
 #include "platform/sdl/sdl_device.h"
 #include "platform/sdl/web/page.h"
+#include "program/recording_comments.h"
+#include "replay/recording_device.h"
 #include "shell/startup.h"
 
 namespace
 {
 
+// clang-format off
+/// Adds lines to the recording of this game.
+EM_JS(void, recordLines, (const char *lines, std::size_t bytes), { Module.recordLines(UTF8ToString(lines, bytes)); });
+// clang-format on
+
 /// Of the main loop for one refresh. Two are usual; where the window came to the front two more: one that
 /// waits, and one that begins.
 constexpr int kMostPasses = 5;
 
+/// Keeps recordings where the page does.
+class PageRecording final : public replay::RecordingOutput
+{
+public:
+    void write(std::string_view lines) override { recordLines(lines.data(), lines.size()); }
+};
+
 /// A game from its start to its end, on a device of its own.
 struct Session {
-    Session() { platform::useDevice(device); }
+    Session() { platform::useDevice(recording); }
 
     platform::SdlDevice device;
+    PageRecording output;
+    replay::RecordingDevice recording{device, output, program::recordingComments()};
     /// Empty until the device is in use.
     std::optional<mygame::Program> program;
 };
@@ -37,10 +52,21 @@ After runPasses()
     for (int pass = 0; pass < kMostPasses; ++pass) {
         if (!session->program->runPass())
             return After::End;
+        // A recording in which no game was begun is not worth keeping.
+        if (session->program->isInGame())
+            session->recording.keep();
         if (session->device.inForeground() && session->device.waitsForRefresh())
             break;
     }
     return session->device.inForeground() ? After::GoOn : After::Wait;
+}
+
+void endSession()
+{
+    session->program->end();
+    session->program.reset();
+    session->recording.finish();
+    session.reset();
 }
 
 } // namespace
@@ -48,7 +74,8 @@ After runPasses()
 // What the page calls, by these names with an underscore before them.
 extern "C" {
 
-/// Starts the program, in the background. Its files must be there. @return false when it cannot be.
+/// Starts the program, in the background. Its files must be there, and nothing may be watched. @return false
+/// when it cannot be.
 EMSCRIPTEN_KEEPALIVE bool start()
 {
     session.emplace();
@@ -60,15 +87,10 @@ EMSCRIPTEN_KEEPALIVE bool start()
 /// next.
 EMSCRIPTEN_KEEPALIVE int runForRefresh(double time)
 {
-    using Clock = platform::RealTime::Clock;
-    using Milliseconds = std::chrono::duration<double, std::milli>;
-    platform::page().refresh =
-        Clock::time_point(std::chrono::duration_cast<Clock::duration>(Milliseconds(time)));
+    platform::page().setRefresh(time);
     const After after = runPasses();
-    if (after == After::End) {
-        session->program->end();
-        session.reset();
-    }
+    if (after == After::End)
+        endSession();
     return static_cast<int>(after);
 }
 }

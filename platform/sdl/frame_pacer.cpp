@@ -59,8 +59,9 @@ std::uint32_t FramePacer::countRefreshes()
     // The display's own refreshes are the grid now.
     const Clock::duration length = time_.now() - last_;
     restart();
-    const auto nearest = static_cast<std::uint32_t>((length + period_ / 2) / period_);
-    return length > kLongestFrame ? 1 : std::max(1u, nearest);
+    if (length < period_ || length > kLongestFrame)
+        return 1;
+    return static_cast<std::uint32_t>((length + period_ / 2) / period_);
 }
 
 } // namespace platform

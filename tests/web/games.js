@@ -44,10 +44,13 @@ function readGame(name) {
  * @param {string[]} lines
  * @returns {object[]} the trace; its lines are found by `shownAt`
  */
-function trace(clock, lines) {
+const trace = (clock, lines) => traceOf([`clock ${clock}`, `refresh ${REFRESHES_PER_SECOND}`, ...lines, ''].join('\n'));
+
+/** The trace of a whole script. */
+function traceOf(text) {
   const script = path.join(WORK, 'game.txt');
   const output = path.join(WORK, 'trace.jsonl');
-  fs.writeFileSync(script, [`clock ${clock}`, `refresh ${REFRESHES_PER_SECOND}`, ...lines, ''].join('\n'));
+  fs.writeFileSync(script, text);
   execFileSync(
     process.execPath,
     ['--no-experimental-fetch', path.join(ROOT, 'build/node/replay.js'), script, '--data', path.join(ROOT, 'data'), '--trace', output],
@@ -74,13 +77,19 @@ async function openStepped(page, url, clock) {
     let refresh = 0;
     Date.now = () => tick;
     window.requestAnimationFrame = (call) => waiting.push(call);
+    const refreshAt = (time) => {
+      const calls = waiting;
+      waiting = [];
+      for (const call of calls) call(time);
+    };
     // The refresh at which the program comes to the front is the 0th, at which it shows its first frame.
     window.stepTo = (last) => {
-      for (; refresh <= last; ++refresh) {
-        const calls = waiting;
-        waiting = [];
-        for (const call of calls) call(1000 + (refresh * 1000) / rate);
-      }
+      for (; refresh <= last; ++refresh) refreshAt(1000 + (refresh * 1000) / rate);
+    };
+    // As many more, so far apart.
+    let later = 1e6;
+    window.stepBy = (count, gapMs) => {
+      for (; count > 0; --count) refreshAt((later += gapMs));
     };
   }, clock, REFRESHES_PER_SECOND);
   await page.goto(url);
@@ -90,6 +99,8 @@ async function openStepped(page, url, clock) {
 }
 
 const stepTo = (page, refresh) => page.evaluate((last) => window.stepTo(last), refresh);
+/** Instead, from now on: as many refreshes more, so far apart. */
+const stepBy = (page, count, gapMs) => page.evaluate((...steps) => window.stepBy(...steps), count, gapMs);
 
 /** The checksum of what the canvas shows, as `replay` counts it: of the screen's pixels, each looked at in its middle. */
 function seen(page) {
@@ -120,4 +131,4 @@ async function placeOf(page, x, y) {
   return [left + ((x + 0.5) * width) / SCREEN.width, top + ((y + 0.5) * height) / SCREEN.height];
 }
 
-module.exports = { linesAt, openStepped, placeOf, readGame, seen, shownAt, stepTo, trace };
+module.exports = { linesAt, openStepped, placeOf, readGame, ROOT, seen, shownAt, stepBy, stepTo, trace, traceOf, WORK };

@@ -10,58 +10,8 @@ const { after, before, describe, test } = require('node:test');
 
 const { openBrowser, PAGE_FOLDER, POLLING, prepare, Server, troubleOf, untilPlaying } = require('./browser.js');
 const { linesAt, openStepped, placeOf, readGame, seen, shownAt, stepTo, trace } = require('./games.js');
-
-const PICTURES = process.env.PICTURES;
-
-const DESKTOP = { width: 800, height: 760, deviceScaleFactor: 1 };
-const PHONE = { width: 390, height: 844, deviceScaleFactor: 3, hasTouch: true, isMobile: true };
-const LYING_PHONE = { ...PHONE, width: 844, height: 390, isLandscape: true };
-const ODD_DENSITY = { width: 1111, height: 700, deviceScaleFactor: 1.5 };
-
-const NEW_GAME = { x: 120, y: 130 };
-
-const server = new Server();
-let browser;
-
-before(async () => {
-  await server.start();
-  browser = await openBrowser();
-});
-
-after(async () => {
-  await browser.close();
-  await server.stop();
-});
-
-/** Gives a test a page of its own, in a profile of its own, and looks for faults at the end. */
-function pageTest(name, viewport, play) {
-  test(name, async () => {
-    const context = await browser.createBrowserContext();
-    const page = prepare(await context.newPage());
-    const strangers = [];
-    page.on('request', (request) => request.url().startsWith(server.url) || strangers.push(request.url()));
-    await page.setViewport(viewport);
-    try {
-      await play(page);
-      assert.deepStrictEqual(page.faults, []);
-      assert.deepStrictEqual(strangers.filter((url) => !url.startsWith('data:')), [], 'something was fetched from elsewhere');
-    } finally {
-      server.instead.clear();
-      await context.close();
-    }
-  });
-}
-
-/** Keeps a screenshot for whoever wants to look at it. */
-async function keepPicture(page, name) {
-  if (PICTURES) await page.screenshot({ path: path.join(PICTURES, `${name}.png`) });
-}
-
-async function tap(page, { x, y }) {
-  const place = await placeOf(page, x, y);
-  if (page.viewport().hasTouch) await page.touchscreen.tap(...place);
-  else await page.mouse.click(...place);
-}
+const { assertMet, endGame } = require('./recorded.js');
+const { DESKTOP, keepPicture, LYING_PHONE, NEW_GAME, ODD_DENSITY, pageTest, PHONE, server, tap, theBrowser } = require('./visits.js');
 
 /** Plays a recorded game by real taps. @returns what `replay` shows of it */
 async function playGame(page, name) {
@@ -79,6 +29,8 @@ async function playGame(page, name) {
   await stepTo(page, game.refreshes);
   assert.strictEqual(await seen(page), shownAt(frames, game.clock, game.refreshes).crc, 'at the end');
   await keepPicture(page, `${name}-${page.viewport().width}`);
+  await endGame(page, game.refreshes + 1);
+  await assertMet(page);
   return frames;
 }
 
@@ -409,7 +361,7 @@ describe('offline', () => {
   }
 
   test('the page plays, and a new version comes at the next visit but one', async () => {
-    const context = await browser.createBrowserContext();
+    const context = await theBrowser().createBrowserContext();
     const keeper = await context.newPage(); // A browser without pages would end.
     await visit(context, (page) => page.evaluate(() => navigator.serviceWorker.ready.then(() => true)));
     const { port } = versions;

@@ -29,6 +29,6 @@ trap exit HUP INT TERM
 NODE_PATH=$PWD/$work/node_modules
 export NODE_PATH
 case ${1:-} in
-'') node --test-reporter tap --test tests/web/page_test.js ;;
+'') node --test-reporter tap --test tests/web/page_test.js tests/web/recording_test.js ;;
 *) node "$1" ;;
 esac

@@ -1,7 +1,7 @@
 # How the programs of the browser's build are linked. They end in .js, with the code beside them in a .wasm.
 
 # Small, since it must come over a network; what works on pixels is fast, with wide registers.
-foreach(pixels graphics sdl_device)
+foreach(pixels graphics scripts sdl_device)
   target_compile_options(${pixels} PRIVATE -O3 -msimd128)
 endforeach()
 

@@ -30,6 +30,29 @@ std::uint32_t rowChecksum(std::span<const std::uint16_t> pixels)
     return checksum;
 }
 
+/// Some pixels at once.
+using Pixels = std::uint64_t;
+constexpr std::size_t kPixels = sizeof(Pixels) / sizeof(std::uint16_t);
+
+Pixels pixelsAt(const std::uint16_t *pixels)
+{
+    Pixels some = 0;
+    std::memcpy(&some, pixels, sizeof some);
+    return some;
+}
+
+/// Whether two rows are the same. Looks at all of them, since every compiler makes that fast; a browser's
+/// `memcmp` goes byte by byte.
+bool areEqual(std::span<const std::uint16_t> a, std::span<const std::uint16_t> b)
+{
+    const std::size_t rest = a.size() % kPixels;
+    Pixels differences = 0;
+    for (std::size_t i = 0; i < a.size() - rest; i += kPixels)
+        differences |= pixelsAt(&a[i]) ^ pixelsAt(&b[i]);
+    return differences == 0 && std::equal(a.end() - static_cast<std::ptrdiff_t>(rest), a.end(),
+                                          b.end() - static_cast<std::ptrdiff_t>(rest));
+}
+
 } // namespace
 
 PictureChecksum::PictureChecksum(std::size_t width, std::size_t height)
@@ -57,7 +80,7 @@ std::uint32_t PictureChecksum::of(std::span<const std::uint16_t> pixels)
     for (std::size_t row = 0; row < rows_.size(); ++row) {
         const auto now = pixels.subspan(row * width_, width_);
         const auto before = std::span(pixels_).subspan(row * width_, width_);
-        if (std::memcmp(now.data(), before.data(), now.size_bytes()) != 0) {
+        if (!areEqual(now, before)) {
             std::copy(now.begin(), now.end(), before.begin());
             rows_[row] = rowChecksum(now);
         }

@@ -38,10 +38,7 @@ constexpr std::chrono::milliseconds kSeekTime{12};
 
 /// Somebody who watches a game.
 struct Viewing {
-    explicit Viewing(replay::Script script) : game(std::move(script), kFolder)
-    {
-        window.open(kTitle, {});
-    }
+    explicit Viewing(replay::Script script) : game(std::move(script), kFolder) { window.open(kTitle, {}); }
 
     replay::WatchedGame game;
     platform::ViewerWindow window;

@@ -1,5 +1,7 @@
 /** A recording as a part of a link: all of it, compressed, in letters, digits, '-' and '_'. */
 
+import { toBytes, toText } from './packing.js';
+
 // With a checksum behind the compressed bytes, so that a damaged link is known.
 const FORMAT = 'deflate';
 
@@ -12,7 +14,7 @@ async function passThrough(content, stream) {
 
 /** @param {string} text @returns {Promise<string>} */
 export async function pack(text) {
-  const bytes = await passThrough(text, new CompressionStream(FORMAT));
+  const bytes = await passThrough(toBytes(text), new CompressionStream(FORMAT));
   const letters = btoa(Array.from(bytes, (byte) => String.fromCharCode(byte)).join(''));
   return letters.replaceAll('+', '-').replaceAll('/', '_').replace(/=+$/, '');
 }
@@ -25,5 +27,5 @@ export async function pack(text) {
 export async function unpack(packed) {
   const letters = atob(packed.replaceAll('-', '+').replaceAll('_', '/'));
   const bytes = Uint8Array.from(letters, (letter) => letter.charCodeAt(0));
-  return new TextDecoder('utf-8', { fatal: true }).decode(await passThrough(bytes, new DecompressionStream(FORMAT)));
+  return toText(await passThrough(bytes, new DecompressionStream(FORMAT)));
 }

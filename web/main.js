@@ -69,6 +69,7 @@ function run(program) {
   const choose = (sentence, playText) => {
     stage = null;
     element('note').textContent = '';
+    recordingsButton.offer(false);
     panel.show(sentence, playText);
   };
   const play = () => {

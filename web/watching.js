@@ -69,7 +69,7 @@ export function makeWatching(program, page) {
     place.value = told.ms;
     place.setAttribute('aria-valuetext', time);
     element('note').textContent = told.wrongFrame
-      ? `This program shows other pictures than those recorded, from frame ${told.wrongFrame} on.`
+      ? `The pictures are not those recorded, from frame ${told.wrongFrame} on.`
       : '';
   }
 
@@ -96,6 +96,7 @@ export function makeWatching(program, page) {
       shown = '';
       document.documentElement.classList.add('watching');
       element('bar').hidden = false;
+      element('pause').focus();
       program._resizeRoom(...page.size);
       refresh();
       return '';

@@ -3,7 +3,6 @@
 
 const assert = require('node:assert');
 const { describe, test } = require('node:test');
-const { deflateSync } = require('node:zlib');
 
 const { POLLING, prepare, untilPlaying } = require('./browser.js');
 const { openStepped, seen, stepBy, traceOf } = require('./games.js');
@@ -25,7 +24,14 @@ const HARD = 2;
 const BEGINNING = 250;
 
 const sleep = (ms) => new Promise((done) => setTimeout(done, ms));
-const linkTo = (recording) => `${server.url}#${deflateSync(recording, { level: 9 }).toString('base64url')}`;
+
+/** The link to a recording, as the page makes it. */
+async function linkTo(page, recording) {
+  await page.goto(server.url);
+  const packed = await page.evaluate(async (text) => (await import('./link.js')).pack(text), recording);
+  await page.goto('about:blank');
+  return `${server.url}#${packed}`;
+}
 
 /** Begins a game from the main menu. @param {() => Promise} wait until a menu is open */
 async function beginGame(page, mode, wait) {
@@ -229,8 +235,21 @@ describe('a link', () => {
     await context.close();
   });
 
+  pageTest('holds any text as it is', DESKTOP, async (page) => {
+    const texts = [
+      '', '\n', '# ü\nat 05 touch 1 2', 'at 5 touch 1 2\nat 4 touch 1 2\n\nat 4 quit\n', 'at 4294967295 release 65535 0\n',
+      'refresh 60\nat 0 check 00ff7f80\nat 130 frame-cost 300\nat 130 refresh 144\nat 20000 move 9 8\nat 20000 move 1 0',
+    ];
+    await page.goto(server.url);
+    const packedTexts = await page.evaluate(async (all) => {
+      const { pack, unpack } = await import('./link.js');
+      return Promise.all(all.map(async (text) => unpack(await pack(text))));
+    }, texts);
+    assert.deepStrictEqual(packedTexts, texts);
+  });
+
   pageTest('that is damaged says so, and lets play', PHONE, async (page) => {
-    const link = linkTo('clock 1000000\nat 2000 quit\n');
+    const link = await linkTo(page, 'clock 1000000\nat 2000 quit\n');
     const middle = link.length - 12;
     const changed = link[middle] === 'A' ? 'B' : 'A';
     for (const damaged of [link.slice(0, -3), link.slice(0, middle) + changed + link.slice(middle + 1), `${link}AAAA`, `${server.url}#?`]) {
@@ -245,14 +264,14 @@ describe('a link', () => {
   });
 
   pageTest('to a faulty script, or to other pictures, says that', DESKTOP, async (page) => {
-    await page.goto(linkTo('clock 1000000\nat 100 jump\n'));
+    await page.goto(await linkTo(page, 'clock 1000000\nat 100 jump\n'));
     await page.waitForSelector('#again:focus');
     assert.strictEqual(
       await page.$eval('#message', (message) => message.textContent),
       "This recording cannot be shown: line 2: unknown directive 'jump'."
     );
-    await open(page, linkTo('clock 1000000\nrefresh 60\nat 100 check 00000000\nat 2000 quit\n'));
-    await page.waitForFunction(() => /other pictures/.test(document.getElementById('note').textContent));
+    await open(page, await linkTo(page, 'clock 1000000\nrefresh 60\nat 100 check 00000000\nat 2000 quit\n'));
+    await page.waitForFunction(() => /not those recorded/.test(document.getElementById('note').textContent));
     await keepPicture(page, 'other-pictures');
     await page.keyboard.press('Escape');
     await page.waitForSelector('#again:focus');

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "platform/common/data_folder.h"
 #include "platform/sdl/sdl_device.h"
 #include "program/folders.h"
 #include "replay/recording_device.h"
@@ -47,8 +48,9 @@ void runProgram(replay::RecordingDevice &recording)
 
 int play(std::string &dropped)
 {
-    if (!hasPictures())
-        std::fprintf(stderr, "mygame: no pictures in \"%s\"; nothing will be drawn\n", dataFolder().c_str());
+    const std::string data = platform::common::dataFolder();
+    if (!platform::common::hasPictures(data))
+        std::fprintf(stderr, "mygame: no pictures in \"%s\"; nothing will be drawn\n", data.c_str());
     enterStateFolder();
     platform::SdlDevice device;
     replay::RecordingFile file(kRecordingsFolder, kRecordings);

@@ -1,6 +1,7 @@
 #include "platform/common/data_folder.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "platform/common/executable_path.h"
 #include "platform/common/files.h"
@@ -27,6 +28,10 @@ std::string dataFolder()
     return !hasPictures(beside) && hasPictures(installed) ? installed : beside;
 }
 
-bool hasPictures(const std::string &folder) { return std::ranges::any_of(fileNames(folder), isPicture); }
+bool hasPictures(const std::string &folder)
+{
+    const std::vector<std::string> names = fileNames(folder);
+    return std::any_of(names.begin(), names.end(), isPicture);
+}
 
 } // namespace platform::common

@@ -18,7 +18,6 @@ esac
 
 place=$PWD/build/package
 version=$(project_version)
-source=$place/mygame-$version
 deb=$place/mygame_${version}_$(dpkg --print-architecture).deb
 unpacked=$place/unpacked
 folder=$place/mygame-linux-$(uname -m)
@@ -28,12 +27,16 @@ archive=$folder.tar.xz
 libraries="libSDL2-2.0.so.0 libX11.so.6 libasound.so.2 libjpeg.so.62 libpng16.so.16 libstdc++.so.6
     libc.so.6 libgcc_s.so.1 libm.so.6 libz.so.1"
 
-# The sources as they are here, with Debian's folder where Debian's tools look for it.
+# The sources as they are here, with Debian's folder where Debian's tools look for it. Those tools leave the name of the folder
+# in what they build unless it is a plain one, which nobody can know of the project's.
 stage()
 {
-    rm -rf "$place"
-    mkdir -p "$source"
-    { git ls-files -co --exclude-standard -z 2>/dev/null || find . -path ./build -prune -o -type f -print0; } |
+    building=$(mktemp -d)
+    trap 'rm -rf "$building"' EXIT
+    trap exit HUP INT TERM
+    source=$building/mygame-$version
+    mkdir "$source"
+    { git ls-files -co --exclude-standard -z 2>/dev/null || find . \( -path ./build -o -path ./.git \) -prune -o -type f -print0; } |
         tar -c --null -T - | tar -x -C "$source"
     mv "$source/packaging/debian" "$source/debian"
     settle "$source"
@@ -45,8 +48,12 @@ stage()
 build_package()
 {
     echo "Building the Debian package ..."
-    (cd "$source" && SOURCE_DATE_EPOCH=$(source_time) dpkg-buildpackage -us -uc -jauto) >"$place/build.log" 2>&1 ||
+    rm -rf "$place"
+    mkdir -p "$place"
+    time=$(source_time)
+    (cd "$source" && SOURCE_DATE_EPOCH=$time dpkg-buildpackage -us -uc -jauto) >"$place/build.log" 2>&1 ||
         { tail -n 30 "$place/build.log" >&2; fail "cannot build the package; all that was said: $place/build.log"; }
+    mv "$building"/mygame*_"$version"* "$place"
 }
 
 # needs_only_what_is_named PROGRAM
@@ -102,14 +109,21 @@ validate()
 }
 
 # The package's own tests, with what it holds, though not installed.
-play_package() { (cd "$source" && PATH=$unpacked/usr/games:$PATH && debian/tests/replays && debian/tests/window); }
+play_package()
+{
+    (
+        PATH=$unpacked/usr/games:$PATH
+        packaging/debian/tests/replays
+        packaging/debian/tests/window
+    )
+}
 
 play_archive()
 {
     elsewhere=$place/elsewhere
     mkdir "$elsewhere"
     tar -x -C "$elsewhere" -f "$archive"
-    (cd "$source" && debian/tests/replays "$elsewhere/${folder##*/}/replay")
+    packaging/debian/tests/replays "$elsewhere/${folder##*/}/replay"
 }
 
 # shellcheck disable=SC2086 # one word a package

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Makes the README's pictures from a recorded game: two screens, and a film of a part of it.
-# Needs the release build (./test.sh or ./play.sh).
+# Makes the README's pictures from a recorded game: three screens, which shops for programs show, too, and a film of a part
+# of it. Needs the release build (./test.sh or ./play.sh).
 set -eu
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
@@ -24,7 +24,7 @@ cd "$work"
 "$replay" "$demo" --snapshots pictures
 
 # Sharp pixels at twice the size, without the date of the day.
-for screen in menu shop; do
+for screen in game menu shop; do
     convert pictures/$screen.png -filter point -resize 200% -strip "$docs/$screen.png"
 done
 "$docs/../scripts/film.sh" "$demo" "$docs/motion.gif" $first $last

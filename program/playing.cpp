@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/common/data_folder.h"
 #include "platform/sdl/sdl_device.h"
 #include "program/folders.h"
 #include "program/recording_comments.h"
@@ -39,8 +40,9 @@ void runProgram(replay::RecordingDevice &recording)
 
 int play(std::string &dropped)
 {
-    if (!hasPictures())
-        std::fprintf(stderr, "mygame: no pictures in \"%s\"; nothing will be drawn\n", dataFolder().c_str());
+    const std::string data = platform::common::dataFolder();
+    if (!platform::common::hasPictures(data))
+        std::fprintf(stderr, "mygame: no pictures in \"%s\"; nothing will be drawn\n", data.c_str());
     enterStateFolder();
     platform::SdlDevice device;
     replay::RecordingFile file(kRecordingsFolder, kRecordings);

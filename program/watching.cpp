@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "platform/common/data_folder.h"
 #include "platform/sdl/viewer_window.h"
 #include "program/folders.h"
 #include "replay/script_file.h"
@@ -74,7 +75,7 @@ void showFault(const std::string &fault, platform::ViewerWindow &window)
 
 int watch(const std::string &file, std::string &next)
 {
-    const std::string folder = dataFolder();
+    const std::string folder = platform::common::dataFolder();
     replay::Script script;
     const std::string fault = replay::loadScript("mygame", file, script);
     if (!fault.empty())

@@ -4,7 +4,7 @@
 #include <iostream>
 #include <string>
 
-#include "platform/common/executable_path.h"
+#include "platform/common/data_folder.h"
 #include "platform/common/file_path.h"
 #include "platform/virtual/virtual_device.h"
 #include "replay/options.h"
@@ -75,6 +75,6 @@ int main(int argumentCount, char **arguments)
         return kExitBadUse;
     }
     if (options->dataFolder.empty())
-        options->dataFolder = platform::common::executableFolder();
+        options->dataFolder = platform::common::dataFolder();
     return play(*options, script);
 }

@@ -16,7 +16,7 @@ constexpr std::string_view kStandardOutput = "-";
 struct Options {
     Request request = Request::Run;
     std::string script;
-    std::string dataFolder; ///< Empty: the folder of this executable.
+    std::string dataFolder; ///< Empty: the program's own.
     std::string trace;      ///< Empty: none; may be `kStandardOutput`.
     std::string snapshotFolder = ".";
     std::string frames; ///< Empty: none; may be `kStandardOutput`.

@@ -171,7 +171,7 @@ CONFIG
         cd "$build" || exit
         rm -f "$prefix/lib/libSDL2.a"
         # shellcheck disable=SC2086 # one word an option
-        xargs -P "$(nproc)" -n 16 "$compiler" $core_options -I"$headers" -c <files &&
+        xargs -d '\n' -P "$(nproc)" -n 16 "$compiler" $core_options -I"$headers" -c <files &&
             "$archiver" rcs "$prefix/lib/libSDL2.a" ./*.o
     ) >"$build.log" 2>&1 || fail "cannot build SDL2 for $target; what the compiler said: $build.log"
     keep_for_next_time libsdl2

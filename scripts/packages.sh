@@ -14,7 +14,9 @@ WINDOWS_TEST_PACKAGES="$WINDOWS_PACKAGES $TEST_PACKAGES unzip wine wine64"
 WEB_PACKAGES="$LIBRARY_PACKAGES emscripten"
 FILM_PACKAGES="$PLAY_PACKAGES ffmpeg"
 WEB_TEST_PACKAGES="chromium nodejs"
-CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck"
+DEBIAN_PACKAGES="$PLAY_PACKAGES debhelper dpkg-dev xz-utils"
+DEBIAN_TEST_PACKAGES="$TEST_PACKAGES appstream desktop-file-utils lintian man-db"
+CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck shellcheck"
 
 # Where Debian's package has it.
 EMSCRIPTEN_TOOLCHAIN=/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake
@@ -119,3 +121,6 @@ build()
     echo "Building ..."
     cmake --build "$@" -- --quiet || fail "cannot build"
 }
+
+# project_version: as CMakeLists.txt says, where alone it stands.
+project_version() { sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt; }

@@ -3,6 +3,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/archives.sh
 
 help="usage: $0 [--test]
 Installs what is missing and builds the game for Windows: build/windows/mygame-windows.zip. With --test it is then
@@ -49,16 +50,6 @@ gather()
     cp /usr/share/doc/mingw-w64-x86-64-dev/copyright "$folder/licences/mingw-w64.txt"
 }
 
-# The same files give the same archive: in order, at the time of the last change, whoever packs them.
-pack()
-{
-    changed=$(git log -1 --format=%ct 2>/dev/null || echo 1000000000)
-    chmod -R u=rwX,go=rX "$folder"
-    find "$folder" -exec touch -d "@$changed" {} +
-    rm -f "$archive"
-    (cd "$folder/.." && find mygame-windows | LC_ALL=C sort | TZ=UTC zip -qX9 "$archive" -@)
-}
-
 # shellcheck disable=SC2086 # one word a package
 install_missing $WINDOWS_PACKAGES
 scripts/libraries.sh windows
@@ -68,7 +59,7 @@ build build/windows
 needs_only_the_system $programs/mygame.exe
 needs_only_the_system $programs/replay.exe
 gather
-pack
+zip_folder "$folder" "$archive"
 echo "The game for Windows: $archive"
 
 [ -n "$test" ] || exit 0

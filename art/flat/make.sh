@@ -75,11 +75,14 @@ lit shop 240 320 big.png
 ./letter "$data/shop.png" "$here/labels.txt" "BACK TO GAME" 173 286 '#F4FCFF' '#A8E4FF' '#04141E'
 
 set -- # gathers the sizes that the icon file holds
-for size in 16 32 48 64 128 256; do
+for size in 16 32 48 64 128 256 512; do
     drawing=icon
     [ "$size" -gt 16 ] || drawing=icon-small
     rsvg-convert -w $((size * 4)) -h $((size * 4)) "$drawing.svg" -o big.png
     ./reduce big.png "$data/icon-$size.png" "$size" "$size" alpha
-    [ "$size" -eq 128 ] || set -- "$@" "$data/icon-$size.png"
+    case $size in
+    128 | 512) ;;
+    *) set -- "$@" "$data/icon-$size.png" ;;
+    esac
 done
 convert "$@" "$data/icon.ico"

@@ -5,6 +5,7 @@
 #include <SDL_error.h>
 #include <SDL_events.h>
 
+#include "platform/common/data_folder.h"
 #include "platform/common/device_path.h"
 #include "platform/common/executable_path.h"
 
@@ -25,11 +26,11 @@ constexpr std::uint32_t ERROR_GEN_FAILURE = 31;
 
 } // namespace
 
-SdlDevice::SdlDevice() = default;
+SdlDevice::SdlDevice() : dataFolder_(common::dataFolder()) {}
 
 bool SdlDevice::createWindow(const std::string &title)
 {
-    const bool created = window_.create(title, common::executableFolder() + kIconFile);
+    const bool created = window_.create(title, dataFolder_ + kIconFile);
     if (!created)
         windowError_ = SDL_GetError();
     return created;
@@ -132,7 +133,11 @@ void SdlDevice::sleep(std::uint32_t milliseconds)
     clock_.pass(milliseconds);
 }
 
-std::u16string SdlDevice::programPath() const { return common::toDevicePath(common::executablePath()); }
+std::u16string SdlDevice::programPath() const
+{
+    const std::string path = common::executablePath();
+    return common::toDevicePath(dataFolder_ + path.substr(path.rfind('/') + 1));
+}
 
 std::string SdlDevice::hostFile(const std::u16string &path) const { return common::toHostPath(path); }
 

@@ -52,6 +52,7 @@ public:
     /// Why the window could not be made; empty while nobody tried, and when it could.
     const std::string &windowError() const { return windowError_; }
 
+    /// In the folder of its data, beside which the program looks for them, wherever that is.
     std::u16string programPath() const override;
     std::string hostFile(const std::u16string &path) const override;
     void startSound(const std::string &hostFile) override { sound_.play(hostFile); }
@@ -62,6 +63,7 @@ private:
     void repairPicture();
     bool present(const Damage &damage);
 
+    const std::string dataFolder_;
     std::unique_ptr<Host> host_ = makeHost();
     GameClock clock_{host_->machineTick()};
     MessageQueue messages_;

@@ -58,6 +58,16 @@ leave_for_folder_that_goes()
 
 leave_for_folder_elsewhere() { cd "$elsewhere"; }
 
+# put_in_place FOLDER: programs and data in folders of their own below it, as an installation has them.
+put_in_place()
+{
+    mkdir -p "$1/games" "$1/share/games"
+    new_folder
+    install "$folder"
+    mv "$folder/mygame" "$1/games"
+    mv "$folder" "$1/share/games/mygame"
+}
+
 # Where the log goes: never to where the program was started.
 test_folders()
 {
@@ -78,6 +88,15 @@ test_folders()
         stop "with the log in $folder"
         [ "$(stat -c %a "$folder")" = 700 ] || fail "others may read $folder"
     done
+
+    put_in_place "$work/usr"
+    "$work/usr/games/mygame" &
+    game=$!
+    wait_for "the window" find_window
+    wait_for "a picture where it is installed" shows "$menus/top.png"
+    folder=$home/.local/state/mygame
+    stop "where it is installed"
+    [ "$(ls "$work/usr/games")" = mygame ] || fail "it writes beside itself where it is installed"
 
     rm -r "$home/.local"
     make_read_only "$home"

@@ -25,6 +25,14 @@ namespace
 /// Instead of a page of complaints on the terminal where there is no sound card.
 void ignoreAlsaError(const char *, int, const char *, int, const char *, ...) {}
 
+/// Where there is no folder for connections, Wayland's library would complain on the terminal, and
+/// PulseAudio's, too, or make folders of its own in the user's home and for everybody.
+void doWithoutConnections(const char *driverHint, const char *driver)
+{
+    if (!std::getenv("XDG_RUNTIME_DIR") && !SDL_GetHint(driverHint))
+        SDL_SetHint(driverHint, driver);
+}
+
 class LinuxHost final : public Host
 {
 public:
@@ -32,6 +40,7 @@ public:
     {
         catchTerminationSignals();
         snd_lib_error_set_handler(ignoreAlsaError);
+        doWithoutConnections(SDL_HINT_AUDIODRIVER, "alsa");
     }
 
     Tick machineTick() const override
@@ -51,9 +60,7 @@ public:
 
     void prepareDisplay() override
     {
-        // Wayland's library would complain on the terminal where it has no folder for its connections.
-        if (!std::getenv("XDG_RUNTIME_DIR") && !SDL_GetHint(SDL_HINT_VIDEODRIVER))
-            SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+        doWithoutConnections(SDL_HINT_VIDEODRIVER, "x11");
         endWithDisplay();
     }
     void keepWithoutDisplay(SDL_Window *window) override { surviveLossOfDisplay(window); }

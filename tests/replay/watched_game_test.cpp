@@ -64,6 +64,7 @@ TEST_F(Watching, ShowsTheSameFromWhereverItComes)
         sounds += game.takeSounds().size();
     }
     EXPECT_GT(sounds, 0u);
+    EXPECT_TRUE(pictures[3] != pictures[9]);
     for (const std::size_t i : {3u, 9u, 6u, 1u}) {
         game.seek(static_cast<std::int64_t>(i) * 500);
         EXPECT_TRUE(pictureOf(game) == pictures[i]) << i;

@@ -2,6 +2,9 @@
 # To be sourced by bash. After `start_display` there is $work, a folder that goes with the test, and DISPLAY.
 # shellcheck shell=bash disable=SC2034,SC2154
 
+# Windows' titles are read in it.
+export LC_ALL=C.UTF-8
+
 started_in=$PWD
 support=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 project=$(realpath "$support/../..")

@@ -112,16 +112,6 @@ TEST(Blit, FollowsTheKeyThroughRowsOfEveryLength)
     }
 }
 
-TEST(Blit, CentresOnThePixelRightAndBelowTheMiddle)
-{
-    const auto centred = [](const char *source, std::int32_t x, std::int32_t y) {
-        return drawn([&](Surface &target) { surfaceOf(source).blitCentredTo(target, x, y); });
-    };
-    EXPECT_EQ(centred("abc/def/ghi/", 2, 1), ".abc./.def./.ghi./...../");
-    EXPECT_EQ(centred("ab/cd/", 2, 1), ".ab../.cd../...../...../");
-    EXPECT_EQ(centred("ab/cd/", INT_MIN, INT_MAX), kBlank);
-}
-
 TEST(Rectangles, CoverBothCornersAndNeverMoreThanTheSurface)
 {
     constexpr std::int32_t kRows[] = {INT_MIN, -1, 0, 1, 3, 4, INT_MAX};
@@ -163,24 +153,6 @@ TEST(Surface, IsBlackWhenCreatedAndEmptyAfterAnImpossibleSize)
         EXPECT_EQ(surface.pixels(), nullptr);
         EXPECT_EQ(surface.width() | surface.height() | surface.pixelCount(), 0);
     }
-}
-
-TEST(Surface, SharesItsPixelsUntilTheLastCopyLeaves)
-{
-    Surface first = surfaceOf("ab/");
-    first.setColourKey('a');
-    Surface second = first, third = second;
-    first.pixels()[1] = 'x';
-    first.release();
-    third.create(1, 1);
-    EXPECT_EQ(first.pixels(), nullptr);
-    EXPECT_EQ(lettersOf(second) + lettersOf(third), "ax/_/");
-    EXPECT_EQ(second.colourKey(), 'a');
-    const Surface &itself = second;
-    second = itself;
-    third = second;
-    second = Surface();
-    EXPECT_EQ(lettersOf(third), "ax/");
 }
 
 } // namespace

@@ -168,17 +168,5 @@ TEST_F(ApplicationTest, RunsTheDueFrameOfThePassThatStopsIt)
                                           "s.render 240 320", "s.update 1001"}));
 }
 
-TEST_F(ApplicationTest, SwitchesScreensAtOnceWithinADrain)
-{
-    application->addScreen("t", &other);
-    screen.onTouch = [this] {
-        application->setScreen("t");
-        screen.keyUp(1);
-    };
-    postAt(0, {platform::WM_LBUTTONDOWN, platform::WM_LBUTTONUP});
-    EXPECT_EQ(screenCallsUntil(0), (Calls{"s.down 0 0", "s.deactivate", "t.activate", "s.keyUp 1", "t.up 0 0",
-                                          "t.render 240 320", "t.update 1000"}));
-}
-
 } // namespace
 } // namespace mygame::tests

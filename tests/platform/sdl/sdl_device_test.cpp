@@ -317,15 +317,6 @@ TEST(Pixels, BecomeSquaresAndNothingElseIsWritten)
     }
 }
 
-TEST(Frames, DifferFromTheFirstToTheLastRowThatDoes)
-{
-    std::vector<Frame> frames(4); // What lies behind the frames that are compared is equal, too.
-    EXPECT_TRUE(differingRows(frames[0], frames[2]).empty());
-    frames[2][5 * 240] = frames[2][9 * 240 + 239] = 1;
-    const RowSpan rows = differingRows(frames[0], frames[2]);
-    EXPECT_TRUE(rows.first == 5 && rows.last == 10);
-}
-
 TEST(PictureScaler, IsExactInsideAPixelAndMixesAcrossEdges)
 {
     Frame frame;

@@ -62,7 +62,7 @@ async function load() {
 
 /** Lets the player play, watch and choose, with all that happens to the page passed on. */
 function run(program) {
-  const page = { size: null, inFront: false, meter };
+  const page = { size: null, inFront: false, meter, picture };
   /** The game or the recorded one; null while the player chooses. */
   let stage = null;
 

@@ -61,6 +61,9 @@ export class Picture {
     style.height = `${points(place.height)}px`;
   }
 
+  /** How often something new was shown. */
+  changes = 0;
+
   /** Shows whole rows of the canvas, `width` pixels of 4 bytes each, which begin at `pointer` in the memory. */
   showRows(memory, pointer, width, top, rows) {
     const kept = this.#rows;
@@ -71,6 +74,7 @@ export class Picture {
       this.#rows = new ImageData(pixels, width, rows);
     }
     this.#context.putImageData(this.#rows, 0, top, 0, 0, width, rows);
+    ++this.changes;
   }
 
   /** @returns {[number, number]} the pixel of the room at a place in the page, also outside */

@@ -77,7 +77,11 @@ async function openStepped(page, url, clock) {
     let refresh = 0;
     Date.now = () => tick;
     window.requestAnimationFrame = (call) => waiting.push(call);
+    window.setTimeout = window.requestAnimationFrame;
+    let now = 0;
+    performance.now = () => now;
     const refreshAt = (time) => {
+      now = time;
       const calls = waiting;
       waiting = [];
       for (const call of calls) call(time);

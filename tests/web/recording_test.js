@@ -208,7 +208,7 @@ describe('a link', () => {
       Object.defineProperty(navigator, 'clipboard', { value: { writeText: (text) => { window.copied = text; } } });
     });
     await page.click('#share');
-    const link = await (await page.waitForFunction(() => window.copied)).jsonValue();
+    const link = await (await page.waitForFunction(() => window.copied, POLLING)).jsonValue();
     await keepPicture(page, 'shared');
 
     const context = await theBrowser().createBrowserContext();

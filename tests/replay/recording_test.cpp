@@ -1,6 +1,7 @@
 /// What a recording of a run says, and that it shows the same frames.
 #include <filesystem>
-#include <ranges>
+#include <iterator>
+#include <regex>
 #include <string>
 #include <string_view>
 
@@ -72,7 +73,8 @@ TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
         EXPECT_EQ(run.exit, 0) << run.errors;
         const std::size_t last = recording.rfind("\nat ");
         const auto seconds = last == std::string::npos ? 0 : std::stoul(recording.substr(last + 4)) / 1000;
-        EXPECT_LE(std::ranges::distance(std::views::split(recording, std::string_view(" check "))),
+        const std::regex check(" check ");
+        EXPECT_LE(std::distance(std::sregex_iterator(recording.begin(), recording.end(), check), {}),
                   2 * seconds + 4);
     }
 }

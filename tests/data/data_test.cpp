@@ -1,5 +1,4 @@
 /// What the pictures in data/ must keep for the game to work.
-#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -34,11 +33,6 @@ template <class Picture, class... Arguments> Picture loaded(const std::string &f
     return picture;
 }
 
-// From 0 to 63.
-int redOf(Pixel pixel) { return pixel >> 11 << 1; }
-int greenOf(Pixel pixel) { return pixel >> 5 & 63; }
-int blueOf(Pixel pixel) { return (pixel & 31) << 1; }
-
 TEST(Data, HasPicturesOfTheSizeOfTheirPlaceInLessThanAMegabyte)
 {
     const struct {
@@ -62,20 +56,6 @@ TEST(Data, HasPicturesOfTheSizeOfTheirPlaceInLessThanAMegabyte)
     for (const auto &file : std::filesystem::directory_iterator(DATA_FOLDER))
         bytes += file.file_size();
     EXPECT_LT(bytes, 1024u * 1024u);
-}
-
-TEST(Data, MixesNothingWithTheKey)
-{
-    for (const char *file :
-         {"explosion.png", "font.png", "font_big.png", "menu_left.png", "menu_right.png"}) {
-        const auto picture = loaded<Surface>(file);
-        for (std::int32_t i = 0; i < picture.pixelCount(); ++i) {
-            const Pixel pixel = picture.pixels()[i];
-            const int magenta = std::min(redOf(pixel), blueOf(pixel)) - greenOf(pixel);
-            EXPECT_TRUE(pixel == kMagenta || magenta < 10)
-                << file << " " << i % picture.width() << ", " << i / picture.width();
-        }
-    }
 }
 
 TEST(Data, FitsTheTexts)

@@ -52,21 +52,5 @@ TEST_F(GameRulesTest, StartOneSoundInMoreThan100Ms)
     EXPECT_EQ(soundsOf(500), none);
 }
 
-TEST_F(GameRulesTest, WearThePropulsionDownToNothing)
-{
-    application.setScreen("SHOP");
-    tap(98, 54);
-    state.player.money = 118000; // for 59
-    for (int purchase = 1; purchase <= 60; ++purchase) {
-        tap(15, 301); // buys
-        EXPECT_EQ(state.missileTravelTime > 0, purchase < 56) << purchase;
-    }
-    EXPECT_EQ(state.player.money, 0);
-    application.setScreen("GAME");
-    tap(100, 100);
-    frame();
-    EXPECT_TRUE(state.missiles.empty() && state.explosions.size() == 1) << "it detonates where it starts";
-}
-
 } // namespace
 } // namespace mygame::tests

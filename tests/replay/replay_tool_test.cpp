@@ -106,15 +106,6 @@ TEST_F(ReplayTool, WritesTheSameBytesEveryTime)
                      R"("asteroids":[],"missiles":[],"explosions":[]}})");
 }
 
-TEST_F(ReplayTool, TakesSnapshotsOfTheNextFrame)
-{
-    traceOf("at 0 snapshot first\nat 0 snapshot twice\nat 400 snapshot twice\nat 400 snapshot last\n"
-            "at 1000 snapshot never\nat 1000 frame-buffer off\nat 1000 quit\n");
-    EXPECT_NE(readFile("pictures/first.png"), readFile("pictures/twice.png"));
-    EXPECT_EQ(readFile("pictures/last.png"), readFile("pictures/twice.png"));
-    EXPECT_FALSE(exists("pictures/never.png"));
-}
-
 TEST_F(ReplayTool, TellsHelpAndVersion)
 {
     const Outcome help = runReplay("--help"), version = runReplay("script --version");

@@ -386,14 +386,5 @@ TEST(ScreenLayout, FindsTheOutermostPixelsInAWindowOfAnySize)
     }
 }
 
-TEST(ScreenLayout, CountsPhysicalPixelsOnADenseDisplay)
-{
-    // 480 x 640 points of 1.5 pixels: the screen is shown at 3 times its size.
-    const WindowSize window{{480, 640}, {720, 960}};
-    EXPECT_EQ(toScreen(window, {1, 1}), (Point{0, 0}));
-    EXPECT_EQ(toScreen(window, {2, 3}), (Point{1, 1}));
-    EXPECT_EQ(toScreen(window, {-1, 640}), (Point{-1, 320}));
-}
-
 } // namespace
 } // namespace platform

@@ -18,8 +18,11 @@ void logText(const char *text)
 {
     if (!logFile)
         logFile = std::fopen(kLogFile, "w");
-    if (logFile)
-        std::fputs(text, logFile);
+    if (!logFile)
+        return;
+    std::fputs(text, logFile);
+    // At once: a session that ends does not wait for the end of the program.
+    std::fflush(logFile);
 }
 
 void logNumber(std::int32_t value)

@@ -126,6 +126,7 @@ void Application::endLoop()
 {
     deactivate();
     logText("Main loop stopped");
+    flushLog();
 }
 
 void Application::requestStop() { stopRequested_ = true; }

@@ -18,11 +18,8 @@ void logText(const char *text)
 {
     if (!logFile)
         logFile = std::fopen(kLogFile, "w");
-    if (!logFile)
-        return;
-    std::fputs(text, logFile);
-    // At once: a session that ends does not wait for the end of the program.
-    std::fflush(logFile);
+    if (logFile)
+        std::fputs(text, logFile);
 }
 
 void logNumber(std::int32_t value)
@@ -30,6 +27,12 @@ void logNumber(std::int32_t value)
     char digits[16];
     std::snprintf(digits, sizeof digits, "%" PRId32, value);
     logText(digits);
+}
+
+void flushLog()
+{
+    if (logFile)
+        std::fflush(logFile);
 }
 
 void closeLog()

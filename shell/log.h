@@ -12,6 +12,9 @@ void logText(const char *text);
 /// Writes a number in decimal.
 void logNumber(std::int32_t value);
 
+/// Writes all lines so far to the file: a session that ends does not wait for the program.
+void flushLog();
+
 /// Closes the file, so that everything written is in it. A write after that would start it anew.
 void closeLog();
 

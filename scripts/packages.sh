@@ -14,7 +14,7 @@ WINDOWS_TEST_PACKAGES="$WINDOWS_PACKAGES $TEST_PACKAGES unzip wine wine64"
 WEB_PACKAGES="$LIBRARY_PACKAGES emscripten"
 FILM_PACKAGES="$PLAY_PACKAGES ffmpeg"
 WEB_TEST_PACKAGES="chromium nodejs"
-DEBIAN_PACKAGES="$PLAY_PACKAGES debhelper dpkg-dev xz-utils"
+DEBIAN_PACKAGES="build-essential $PLAY_PACKAGES debhelper dpkg-dev xz-utils"
 DEBIAN_TEST_PACKAGES="$TEST_PACKAGES appstream desktop-file-utils lintian man-db"
 CHECK_PACKAGES="$TEST_PACKAGES clang clang-format clang-tidy cppcheck shellcheck"
 

@@ -5,6 +5,9 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
 . scripts/archives.sh
 
+# What the validators say is read in it.
+export LC_ALL=C.UTF-8
+
 help="usage: $0 [--test]
 Makes build/package/mygame_VERSION_ARCHITECTURE.deb and build/package/mygame-linux-PROCESSOR.tar.xz. With --test everything
 in the package is then validated, and the game from it and from the archive is played."

@@ -75,14 +75,14 @@ export function watchFocus(tell) {
 }
 
 /**
- * Listens for a text file that is dropped on the page.
- * @param {(text: string) => void} take
+ * Listens for a file that is dropped on the page.
+ * @param {(bytes: Uint8Array) => void} take
  */
 export function watchDrops(take) {
   addEventListener('dragover', (event) => event.preventDefault());
   addEventListener('drop', async (event) => {
     event.preventDefault();
     const file = event.dataTransfer?.files[0];
-    if (file) take(await file.text());
+    if (file) take(new Uint8Array(await file.arrayBuffer()));
   });
 }

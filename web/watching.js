@@ -86,7 +86,7 @@ export function makeWatching(program, page) {
   return {
     /**
      * Begins to watch.
-     * @param {string} recording a script
+     * @param {string | Uint8Array} recording a script
      * @returns {string} what is wrong with it; empty where nothing is
      */
     start(recording) {

@@ -32,6 +32,8 @@ for x in 60 120 180; do
 done
 xdotool key shift Tab a ctrl+Escape
 wait_for "the game to go on after keys that are not the game's" in_game
+recorded() { grep -qs ' check ' played/recordings/*; }
+wait_for "lines of a game that is not over in its recording" recorded
 leave_game
 tap 120 115
 wait_for "the game to go on after \"Resume\"" in_game
@@ -55,6 +57,7 @@ wait "$game" || fail "exit code $?"
 recording=$(echo played/recordings/*.mygame)
 [ "$(grep -c ' check ' "$recording")" -ge 5 ] || fail "the recording holds too few checks: $(cat "$recording")"
 "$programs/replay" "$recording" || fail "the recording, played, shows something else: $(cat "$recording")"
+rm log.txt
 
 # title: what the window says where a recording is watched. says PATTERN: whether it is like that.
 title() { xprop -id "$window" _NET_WM_NAME | sed 's/.* = "\(.*\)"$/\1/'; }
@@ -99,4 +102,5 @@ watch faulty.mygame
 wait_for "the fault in the title" says "MyGame – faulty.mygame:1: unknown directive 'sing'"
 leave 2
 [ "$(ls played/recordings)" = "$(basename "$recording")" ] || fail "watching was recorded"
+[ ! -e log.txt ] || fail "watching writes where it was started"
 echo "a game was played, left, resumed, ended and watched"

@@ -2,10 +2,11 @@
 'use strict';
 
 const assert = require('node:assert');
+const path = require('node:path');
 const { describe, test } = require('node:test');
 
 const { POLLING, prepare, untilPlaying } = require('./browser.js');
-const { openStepped, seen, stepBy, traceOf } = require('./games.js');
+const { openStepped, ROOT, seen, stepBy, traceOf } = require('./games.js');
 const { assertMet, assertPlays, endGame, names, recordingWith } = require('./recorded.js');
 const { DESKTOP, keepPicture, LYING_PHONE, pageTest, PHONE, server, tap, theBrowser } = require('./visits.js');
 
@@ -197,6 +198,20 @@ describe('the storage', () => {
     await endWatching(next);
     await context.close();
   });
+});
+
+pageTest('a recording that is dropped on the page is shown, and what is none says so', DESKTOP, async (page) => {
+  const session = await page.createCDPSession();
+  const drop = async (file) => {
+    const data = { items: [], files: [path.join(ROOT, file)], dragOperationsMask: 1 };
+    for (const type of ['dragEnter', 'dragOver', 'drop']) await session.send('Input.dispatchDragEvent', { type, x: 300, y: 300, data });
+  };
+  await open(page);
+  await drop('tests/replays/campaign.txt');
+  await page.waitForSelector('#bar:not([hidden])');
+  await drop('data/bg.jpg');
+  await page.waitForSelector('#again:focus');
+  assert.match(await page.$eval('#message', (message) => message.textContent), /cannot be shown: line 1: not UTF-8 text\.$/);
 });
 
 describe('a link', () => {

@@ -133,6 +133,11 @@ TEST_F(SdlDeviceTest, AsksForTheEndOnce)
     push({.type = SDL_QUIT});
     push({.type = SDL_APP_TERMINATING});
     EXPECT_EQ(messages(), "quit 0 0,0  end of session 0 0,0  ");
+    SDL_DropEvent drop{};
+    drop.type = SDL_DROPFILE;
+    drop.file = SDL_strdup("game");
+    push({.drop = drop});
+    EXPECT_EQ(messages() + device->droppedFile(), "quit 0 0,0  game");
 }
 
 TEST_F(SdlDeviceTest, HasOneStylusForMouseAndFingers)

@@ -201,13 +201,13 @@ describe('the storage', () => {
 });
 
 pageTest('a recording that is dropped on the page is shown, and what is none says so', DESKTOP, async (page) => {
+  await open(page);
   const session = await page.createCDPSession();
   const drop = async (file) => {
     const data = { items: [], files: [path.join(ROOT, file)], dragOperationsMask: 1 };
     for (const type of ['dragEnter', 'dragOver', 'drop']) await session.send('Input.dispatchDragEvent', { type, x: 300, y: 300, data });
   };
-  await open(page);
-  await drop('tests/replays/campaign.txt');
+  await drop('tests/replays/campaign-lost.txt');
   await page.waitForSelector('#bar:not([hidden])');
   await drop('data/bg.jpg');
   await page.waitForSelector('#again:focus');

@@ -8,16 +8,8 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 # What the validators say is read in it.
 export LC_ALL=C.UTF-8
 
-help="usage: $0 [--test]
-Makes build/package/mygame_VERSION_ARCHITECTURE.deb and build/package/mygame-linux-PROCESSOR.tar.xz. With --test everything
-in the package is then validated, and the game from it and from the archive is played."
-test=
-case $* in
-"") ;;
---help) echo "$help"; exit ;;
---test) test=yes ;;
-*) bad_use "unknown argument '$*'" ;;
-esac
+take_arguments "[--test]" "Makes build/package/mygame_VERSION_ARCHITECTURE.deb and build/package/mygame-linux-PROCESSOR.tar.xz. With --test everything
+in the package is then validated, and the game from it and from the archive is played." "$@"
 
 place=$PWD/build/package
 version=$(project_version)
@@ -137,7 +129,7 @@ build_archive
 echo "The Debian package: $deb"
 echo "The archive for Linux: $archive"
 
-[ -n "$test" ] || exit 0
+[ -n "$option" ] || exit 0
 # shellcheck disable=SC2086 # one word a package
 install_missing $DEBIAN_TEST_PACKAGES
 validate

@@ -35,7 +35,7 @@ bad_use()
 }
 
 # take_arguments NAMES WHAT ARGUMENT...: explains the script at --help, by the names of its arguments and what it does;
-# takes no more arguments than there are names, and no option.
+# takes no more arguments than there are names. Where these are options, "[--one | --other]", it takes one and sets $option.
 take_arguments()
 {
     names=$1
@@ -46,13 +46,16 @@ $2"
         echo "$help"
         exit
     fi
+    option=
     for argument; do
-        case $argument in
-        -*) bad_use "unknown argument '$argument'" ;;
+        case "$argument $names" in
+        -*" [$argument]" | -*" [$argument | "* | -*" | $argument]") option=$argument names= ;;
+        -* | *" " | *" [--"*) bad_use "unknown argument '$argument'" ;;
+        *)
+            names=${names#"${names%% *}"}
+            names=${names# }
+            ;;
         esac
-        [ -n "$names" ] || bad_use "unknown argument '$argument'"
-        names=${names#"${names%% *}"}
-        names=${names# }
     done
 }
 

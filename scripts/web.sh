@@ -9,18 +9,9 @@ page=build/web
 programs=build/web-build/bin
 port=8080
 
-help="usage: $0 [--serve | --test]
-Builds the page of the game into $page and 'replay' for node into build/node.
+take_arguments "[--serve | --test]" "Builds the page of the game into $page and 'replay' for node into build/node.
   --serve  then serves the page on this machine alone, until Ctrl+C
-  --test   then plays in a browser that nobody sees, and compares what is seen with 'replay'"
-case ${1:-} in
-'' | --serve | --test) [ $# -le 1 ] || bad_use "unknown argument '$2'" ;;
---help)
-    echo "$help"
-    exit
-    ;;
-*) bad_use "unknown argument '$1'" ;;
-esac
+  --test   then plays in a browser that nobody sees, and compares what is seen with 'replay'" "$@"
 
 # integrity FILE: as browsers write what a file must be.
 integrity()
@@ -76,7 +67,7 @@ assemble_page
 mkdir -p build/node
 cp "$programs/replay.js" "$programs/replay.wasm" build/node
 
-case ${1:-} in
+case $option in
 --serve)
     echo "Playing at http://127.0.0.1:$port/ until Ctrl+C is pressed here."
     exec python3 -m http.server --bind 127.0.0.1 --directory "$page" $port

@@ -5,16 +5,8 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 . scripts/archives.sh
 
-help="usage: $0 [--test]
-Installs what is missing and builds the game for Windows: build/windows/mygame-windows.zip. With --test it is then
-tried under wine, too: by real clicks, and by the traces of recorded and random games."
-test=
-case $* in
-"") ;;
---help) echo "$help"; exit ;;
---test) test=yes ;;
-*) bad_use "unknown argument '$*'" ;;
-esac
+take_arguments "[--test]" "Installs what is missing and builds the game for Windows: build/windows/mygame-windows.zip. With --test it is then
+tried under wine, too: by real clicks, and by the traces of recorded and random games." "$@"
 
 random_games=200
 
@@ -62,7 +54,7 @@ gather
 zip_folder "$folder" "$archive"
 echo "The game for Windows: $archive"
 
-[ -n "$test" ] || exit 0
+[ -n "$option" ] || exit 0
 # shellcheck disable=SC2086 # one word a package
 install_missing $WINDOWS_TEST_PACKAGES
 . scripts/wine.sh

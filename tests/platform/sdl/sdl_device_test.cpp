@@ -51,11 +51,11 @@ struct SdlDeviceTest : testing::Test {
         messages();
     }
 
-    /// Draws two frames, of which the later is shown.
-    static void showFrame(std::uint16_t firstPixel)
+    /// Draws two frames, of which the later is shown, with this pixel at a place.
+    static void showFrame(std::uint16_t pixel, int place = 0)
     {
         for (int i = 0; i < 2; ++i) {
-            static_cast<std::uint16_t *>(GXBeginDraw())[0] = firstPixel;
+            static_cast<std::uint16_t *>(GXBeginDraw())[place] = pixel;
             GXEndDraw();
         }
     }
@@ -164,7 +164,11 @@ TEST_F(SdlDeviceTest, ShowsOnlyTheRowsOfAFrameThatAreNew)
     showFrame(0xFFFF);
     EXPECT_EQ(shown[1], 1u) << "an unchanged frame was shown again";
     showFrame(0);
-    EXPECT_TRUE(shown[1] == 0xFF000000 && shown[kLast] == 1) << "one row has changed";
+    EXPECT_TRUE(shown[1] == 0xFF000000 && shown[kLast] == 1) << "the first row has changed";
+    shown[1] = 1;
+    showFrame(0xFFFF, kScreenSize.width * kScreenSize.height - 1);
+    EXPECT_TRUE(shown[1] == 1 && shown[kLast] == 0xFFFFFFFF) << "the last row has changed";
+    shown[kLast] = 1;
     focus(SDL_WINDOWEVENT_EXPOSED);
     messages();
     showFrame(0xFFFF);

@@ -72,11 +72,11 @@ watch()
     wait_for "the window in which a recording is watched" find_viewer
     xdotool windowfocus "$window"
 }
-# leave STATUS
+# leave STATUS COMMAND...
 leave()
 {
-    xdotool key Escape
-    wait_for "the end after Escape" ended "$game"
+    "${@:2}"
+    wait_for "the end after ${*:2}" ended "$game"
     local status=0
     wait "$game" || status=$?
     [ $status -eq "$1" ] || fail "watching ended with exit code $status, not $1: $(cat watching.log)"
@@ -92,15 +92,15 @@ xdotool key Left Left Left
 wait_for "steps back" says "MyGame – 0:00 of *, 4 ×, paused"
 xdotool key plus plus space
 wait_for "the end" says "MyGame – ?:?? of ?:??, 16 ×"
-leave 0
+leave 0 xdotool key Escape
 sed 's/^\(at [0-9]* check\) .*/\1 00000000/' "$recording" > wrong.mygame
 watch wrong.mygame
 wait_for "the sentence about other pictures" says "* – The pictures are not those recorded, from frame * on."
-leave 4
+leave 4 kill "$game"
 echo "at 5 sing" > faulty.mygame
 watch faulty.mygame
 wait_for "the fault in the title" says "MyGame – faulty.mygame:1: unknown directive 'sing'"
-leave 2
+leave 2 xdotool key Escape
 [ "$(ls played/recordings)" = "$(basename "$recording")" ] || fail "watching was recorded"
 [ ! -e log.txt ] || fail "watching writes where it was started"
 echo "a game was played, left, resumed, ended and watched"

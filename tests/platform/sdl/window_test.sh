@@ -71,12 +71,18 @@ test_layout()
 {
     eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(X|Y)=')"
     local left=$((X + $2)) top=$((Y + $3)) right=$((X + $2 + $4 - 1)) bottom=$((Y + $3 + $5 - 1)) corner
-    local wanted="FFFFFF FFFFFF FFFFFF FFFFFF" places="$left,$top $right,$top $left,$bottom $right,$bottom"
-    for corner in $places; do
+    # The outermost pixels that have a place of their own: of a shrunk picture not the very first.
+    local west=$((120 / $4)) east=$(((2 * $4 - 1) * 120 / $4)) north=$((160 / $5)) south=$(((2 * $5 - 1) * 160 / $5))
+    local corners="$left,$top $right,$top $left,$bottom $right,$bottom"
+    local wanted="FFFFFF" places="$((left + 25 * $4 / 240)),$((top + 25 * $5 / 320))"
+    for corner in $corners; do
         click "${corner%,*}" "${corner#*,}"
     done
-    expect "clicks at the corners, $1" "down 0 0" "up 0 0" "down 239 0" "up 239 0" \
-        "down 0 319" "up 0 319" "down 239 319" "up 239 319"
+    expect "clicks at the corners, $1" "down $west $north" "up $west $north" "down $east $north" "up $east $north" \
+        "down $west $south" "up $west $south" "down $east $south" "up $east $south"
+    if [ "$4" -ge 240 ]; then
+        wanted+=" FFFFFF FFFFFF FFFFFF FFFFFF" places+=" $corners"
+    fi
     if [ "$4" -ge 480 ]; then
         wanted+=" 10204A" places+=" $((left + $4 * 3 / 480)),$((top + $5 * 3 / 640))"
     fi
@@ -102,6 +108,7 @@ test_sizes()
 500 700 10 30 480 640
 719 960 0 1 719 958
 800 1000 40 20 720 960
+141 140 18 0 105 140
 SIZES
     xdotool windowsize --sync "$window" 720 960
 }

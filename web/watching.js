@@ -90,10 +90,10 @@ export function makeWatching(program, page) {
      * @returns {string} what is wrong with it; empty where nothing is
      */
     start(recording) {
+      shown = '';
       program.FS.writeFile(FILE, recording);
       if (!program._watch()) return fault;
       watching = true;
-      shown = '';
       document.documentElement.classList.add('watching');
       element('bar').hidden = false;
       element('pause').focus();

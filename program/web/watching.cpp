@@ -69,13 +69,17 @@ void playSounds()
         viewing->window.playSound(kFolder + sound);
 }
 
-/// @return whether there will be more to see.
-bool tell()
+void tell()
 {
     const replay::WatchedGame &game = viewing->game;
     const std::int64_t ms = viewing->goal.value_or(game.positionMs());
     tellPlace(static_cast<std::uint32_t>(ms), game.lengthMs(), game.speedInQuarters(), game.isPaused(),
               static_cast<double>(game.firstWrongFrame().value_or(0)));
+}
+
+bool hasMoreToSee()
+{
+    const replay::WatchedGame &game = viewing->game;
     return viewing->goal || (!game.isPaused() && game.positionMs() < game.lengthMs());
 }
 
@@ -95,6 +99,7 @@ EMSCRIPTEN_KEEPALIVE bool watch()
         return false;
     }
     viewing.emplace(std::move(script));
+    tell();
     return true;
 }
 
@@ -114,16 +119,35 @@ EMSCRIPTEN_KEEPALIVE bool watchForRefresh(double time)
         viewing->game.pass(passed);
     playSounds();
     viewing->window.show(viewing->game.picture());
-    return tell();
+    tell();
+    return hasMoreToSee();
 }
+
+// Each tells at once what is so now: what is asked for next, which may depend on it, can come before a
+// refresh.
 
 /// Goes to a place, at the nearest end where there is none.
 EMSCRIPTEN_KEEPALIVE void seek(double ms)
 {
     viewing->goal = static_cast<std::int64_t>(std::clamp<double>(ms, 0, viewing->game.lengthMs()));
+    tell();
 }
 
-EMSCRIPTEN_KEEPALIVE void togglePause() { viewing->game.togglePause(); }
-EMSCRIPTEN_KEEPALIVE void faster() { viewing->game.faster(); }
-EMSCRIPTEN_KEEPALIVE void slower() { viewing->game.slower(); }
+EMSCRIPTEN_KEEPALIVE void togglePause()
+{
+    viewing->game.togglePause();
+    tell();
+}
+
+EMSCRIPTEN_KEEPALIVE void faster()
+{
+    viewing->game.faster();
+    tell();
+}
+
+EMSCRIPTEN_KEEPALIVE void slower()
+{
+    viewing->game.slower();
+    tell();
+}
 }

@@ -37,7 +37,13 @@ says 0 "usage: mygame*" "" --help
 says 0 "mygame [0-9]*.[0-9]*.[0-9]*" "" --version
 says 2 "" "mygame: unknown argument '--volume'; see mygame --help" --volume
 says 2 "" "mygame: unknown argument 'b'; see mygame --help" --help b
-DISPLAY='' says 0 "" "mygame: cannot open a window: there is no display"
+echo 'clock 1' > game.mygame
+echo 'jump' > faulty.mygame
+nowhere="mygame: cannot open a window: there is no display"
+DISPLAY='' says 0 "" "$nowhere"
+DISPLAY='' says 0 "" "$nowhere" "$PWD/game.mygame"
+DISPLAY='' says 2 "" "*faulty.mygame:1: *
+$nowhere" "$PWD/faulty.mygame"
 is_quiet_until_quit ""
 
 mkdir bare

@@ -63,8 +63,6 @@ bool hasAllScans(const jpeg_decompress_struct &decoder)
     return true;
 }
 
-void printNothing(j_common_ptr) {}
-
 void limitScans(j_common_ptr decoder)
 {
     if (reinterpret_cast<j_decompress_ptr>(decoder)->input_scan_number > kMaxProgressiveScans)
@@ -130,7 +128,6 @@ bool decodeJpeg(std::FILE *file, Picture &picture)
     decoder.err = jpeg_std_error(&errors.base);
     errors.base.error_exit = fail;
     errors.base.emit_message = failOnDamage;
-    errors.base.output_message = printNothing;
     const bool read = readJpeg(decoder, errors, file, picture);
     decoder.progress = nullptr;
     jpeg_destroy_decompress(&decoder);

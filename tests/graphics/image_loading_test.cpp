@@ -105,6 +105,7 @@ TEST_F(ImageLoading, RefusesAPictureCutShortAndSurvivesDamage)
         if (name.ends_with(".jpg")) {
             const std::string stray(64, 's');
             EXPECT_TRUE(fails(decoded(std::string(whole).insert(whole.size() - endMarker, stray))));
+            EXPECT_TRUE(fails(decoded(whole.substr(0, whole.rfind("\xFF\xDA"))))) << "without its last scan";
         }
         for (std::size_t at = 0; at < whole.size(); at += 3) {
             std::string damaged = whole;

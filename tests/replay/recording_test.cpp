@@ -71,6 +71,10 @@ TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
         EXPECT_TRUE(recording.empty() || isChecked(recording) == isChecked(original));
         play(recording);
         EXPECT_EQ(run.exit, 0) << run.errors;
+        EXPECT_EQ(recording.find(" message 18 "), std::string::npos) << "that is quit";
+        if (recording.ends_with(" quit\n")) { // and not by the program itself
+            EXPECT_EQ(recordingOf(recording), recording);
+        }
         const std::size_t last = recording.rfind("\nat ");
         const auto seconds = last == std::string::npos ? 0 : std::stoul(recording.substr(last + 4)) / 1000;
         const std::regex check(" check ");

@@ -88,5 +88,12 @@ TEST_F(Watching, SaysWhereThePicturesAreNotThoseRecorded)
               "MyGame – 0:02 of 0:03, 1 × – The pictures are not those recorded, from frame 9 on.");
 }
 
+TEST_F(Watching, MissesPicturesThatDoNotCome)
+{
+    replay::WatchedGame game(script("display-error 1\nat 100 check 00000000\nat 1000 quit"), DATA_FOLDER);
+    game.seek(1000);
+    EXPECT_TRUE(game.firstWrongFrame());
+}
+
 } // namespace
 } // namespace mygame::tests

@@ -32,8 +32,6 @@ void Surface::fillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::i
     y1 = std::max(y1, 0);
     x2 = std::min(x2, width_ - 1);
     y2 = std::min(y2, height_ - 1);
-    if (x2 < x1)
-        return;
     for (std::int32_t y = y1; y <= y2; ++y)
         std::fill_n(pixels() + x1 + y * width_, x2 - x1 + 1, colour);
 }

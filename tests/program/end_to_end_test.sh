@@ -23,6 +23,8 @@ leave_game()
     wait_for "the main menu with \"Resume\"" shows "$menus/resumable.png"
 }
 
+mkdir -p played/recordings
+touch played/recordings/1999-12-{01..31}.mygame
 start "$work/played"
 xprop -id "$window" _NET_WM_ICON | grep -q "Icon (64 x 64)" || fail "the window has no icon"
 start_game
@@ -54,7 +56,7 @@ tap 120 205
 wait_for "the program to end after \"Exit\"" ended "$game"
 wait "$game" || fail "exit code $?"
 [ "$(cat played/log.txt)" = "$expected_log" ] || fail "the log: $(cat played/log.txt)"
-recording=$(echo played/recordings/*.mygame)
+recording=$(find played/recordings -name '*.mygame' | sort | tail -n 1)
 [ "$(grep -c ' check ' "$recording")" -ge 5 ] || fail "the recording holds too few checks: $(cat "$recording")"
 "$programs/replay" "$recording" || fail "the recording, played, shows something else: $(cat "$recording")"
 rm log.txt
@@ -101,6 +103,7 @@ echo "at 5 sing" > faulty.mygame
 watch faulty.mygame
 wait_for "the fault in the title" says "MyGame – faulty.mygame:1: unknown directive 'sing'"
 leave 2 xdotool key Escape
-[ "$(ls played/recordings)" = "$(basename "$recording")" ] || fail "watching was recorded"
+[ "$(echo played/recordings/*)" = "$(echo played/recordings/1999-12-{13..31}.mygame) $recording" ] ||
+    fail "not the newest 20 recordings, or watching was recorded: $(ls played/recordings)"
 [ ! -e log.txt ] || fail "watching writes where it was started"
 echo "a game was played, left, resumed, ended and watched"

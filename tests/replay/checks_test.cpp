@@ -52,11 +52,11 @@ TEST_F(Checks, CountLessThanOtherTroubles)
 TEST_F(Checks, ArePinnedToTheFirstFrameOfEachSecondAndTheLast)
 {
     const std::string script = "# top\nclock 5\n\n# tap\nat 500 release 120 130 # menu\nat 2000 snapshot a\n"
-                               "at 2001 snapshot b\n\n# over\n\nat 2100 quit # end";
+                               "at 2001 snapshot b\n\n# over\n\nat 2100 quit # end\n# gone";
     const std::string expected =
         "# top\nclock 5\n\n# tap\nat 0 CHECK\nat 500 release 120 130 # menu\nat 1008 CHECK\n"
         "at 2000 snapshot a\nat 2000 CHECK\nat 2001 snapshot b\nat 2100 CHECK\n\n"
-        "# over\n\nat 2100 quit # end";
+        "# over\n\nat 2100 quit # end\n# gone";
     EXPECT_EQ(std::regex_replace(pinned(script), std::regex("check [0-9a-f]{8}"), "CHECK"), expected);
 }
 

@@ -65,9 +65,9 @@ TEST_F(ReplayTool, ReadsEveryDirectiveAtTheEndsOfItsRange)
             "at 0 release 0 0\nat 0 move 1 1\nat 0 key-down 65535\nat 0 key-up 0\nat 0 background\n"
             "at 0 foreground\nat 0 message 4294967295 4294967295 4294967295\nat 0 frame-cost 0\n"
             "at 0 refresh 1\n"
-            "at 0 frame-buffer on\nat 0 snapshot A-z_9\nat 0 quit\nat 4294967295 quit");
+            "at 0 frame-buffer on\nat 0 snapshot az-AZ_09\nat 0 quit\nat 4294967295 quit");
     EXPECT_EQ(run.errors, "");
-    EXPECT_TRUE(exists("pictures/A-z_9.png"));
+    EXPECT_TRUE(exists("pictures/az-AZ_09.png"));
 }
 
 TEST_F(ReplayTool, RefusesWhatItCannotReadOrWrite)

@@ -90,5 +90,20 @@ TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
     }
 }
 
+TEST_F(Recording, SaysOnceThatAWindowBeganInTheBackground)
+{
+    platform::MSG message;
+    device.switchOn(1000);
+    device.leaveForeground();
+    while (device.poll(message)) {
+    }
+    Lines lines;
+    replay::RecordingDevice recording(device, lines, "");
+    recording.keep();
+    for (int i = 0; i < 3; ++i)
+        recording.poll(message);
+    EXPECT_EQ(lines.text, "clock 1000\nat 0 background\n");
+}
+
 } // namespace
 } // namespace mygame::tests

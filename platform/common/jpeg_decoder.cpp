@@ -16,7 +16,6 @@ namespace
 constexpr int kMaxProgressiveScans = 100;
 
 constexpr int kCmykComponents = 4;
-constexpr std::uint8_t kOpaque = 0xFF;
 
 struct ErrorHandler {
     jpeg_error_mgr base; ///< First, so that the library's pointer is also this one's.
@@ -71,7 +70,7 @@ void limitScans(j_common_ptr decoder)
 
 std::uint8_t inkToLight(unsigned ink, unsigned black) { return static_cast<std::uint8_t>(ink * black / 255); }
 
-/// Turns cyan, magenta, yellow, black into blue, green, red, alpha. Programs that leave an Adobe marker store
+/// Turns cyan, magenta, yellow, black into blue, green and red. Programs that leave an Adobe marker store
 /// the inks inverted, as what is left of the light.
 void convertCmykRow(std::uint8_t *row, std::int32_t width, bool inverted)
 {
@@ -82,7 +81,6 @@ void convertCmykRow(std::uint8_t *row, std::int32_t width, bool inverted)
         row[0] = inkToLight(light[2], light[3]);
         row[1] = inkToLight(light[1], light[3]);
         row[2] = inkToLight(light[0], light[3]);
-        row[3] = kOpaque;
     }
 }
 

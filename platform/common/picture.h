@@ -10,7 +10,7 @@
 namespace platform::common
 {
 
-/// Pixels of 4 bytes, in the order blue, green, red, alpha, row by row from the top without gaps.
+/// Pixels of 4 bytes, blue, green, red and one without a meaning, row by row from the top without gaps.
 struct Picture {
     static constexpr std::size_t kPixelBytes = 4;
 

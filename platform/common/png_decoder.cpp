@@ -13,15 +13,15 @@ namespace
 [[noreturn]] void failSilently(png_structp png, png_const_charp) { png_longjmp(png, 1); }
 void ignoreWarning(png_structp, png_const_charp) {}
 
-/// Makes the library deliver 8 bits each of blue, green, red and alpha, whatever the file holds.
-void convertToBgra(png_structp png)
+/// Makes the library deliver 8 bits each of blue, green, red and something else, whatever the file holds.
+void convertToBgrx(png_structp png)
 {
-    constexpr png_uint_32 kOpaque = 0xFF;
+    constexpr png_uint_32 kFiller = 0xFF;
     png_set_expand(png);
     png_set_strip_16(png);
     png_set_gray_to_rgb(png);
     png_set_bgr(png);
-    png_set_add_alpha(png, kOpaque, PNG_FILLER_AFTER);
+    png_set_filler(png, kFiller, PNG_FILLER_AFTER);
 }
 
 /// Errors of the library jump back into this function, so nothing in it or below may need destruction.
@@ -32,7 +32,7 @@ bool readPng(png_structp png, png_infop info, std::FILE *file, Picture &picture)
     png_set_user_limits(png, kMaxPictureSide, kMaxPictureSide);
     png_init_io(png, file);
     png_read_info(png, info);
-    convertToBgra(png);
+    convertToBgrx(png);
     const int passes = png_set_interlace_handling(png);
     png_read_update_info(png, info);
     if (!picture.allocate(png_get_image_width(png, info), png_get_image_height(png, info)) ||

@@ -66,6 +66,7 @@ using Recording = ReplayTest;
 
 TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
 {
+    int closed = 0;
     for (const auto &game : std::filesystem::directory_iterator(REPLAYS_FOLDER)) {
         if (game.path().extension() != ".txt")
             continue;
@@ -80,6 +81,7 @@ TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
         EXPECT_EQ(recording.find(" message 18 "), std::string::npos) << "that is quit";
         if (recording.ends_with(" quit\n")) { // and not by the program itself
             EXPECT_EQ(recordingOf(recording), recording);
+            ++closed;
         }
         const std::size_t last = recording.rfind("\nat ");
         const auto seconds = last == std::string::npos ? 0 : std::stoul(recording.substr(last + 4)) / 1000;
@@ -88,6 +90,7 @@ TEST_F(Recording, ShowsWhatEveryRecordedGameShows)
                   count("\n", original) - count(" check ", original) + 4)
             << recording;
     }
+    EXPECT_GT(closed, 0);
 }
 
 TEST_F(Recording, SaysOnceThatAWindowBeganInTheBackground)

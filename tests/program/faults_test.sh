@@ -1,6 +1,6 @@
 #!/bin/bash
-# Plays `mygame` in a window while what it stands on fails: the display, the sound, the current folder, its own
-# life, and its being the only copy. Whatever happens it must end with exit code 0 or go on.
+# Plays `mygame` in a window while what it stands on fails: the display, the sound, the disk, the current folder, its
+# own life, and its being the only copy. Whatever happens it must end with exit code 0 or go on.
 #   faults_test.sh FOLDER_OF_THE_PROGRAMS
 set -eu
 
@@ -138,6 +138,22 @@ test_sound()
     done
 }
 
+# A recording that finds no more room ends with a whole line, and plays.
+test_full_disk()
+{
+    local recording
+    new_folder
+    start "$folder" limit_files
+    start_game
+    for _ in 1 2 3 4 5; do make_noise; done
+    moves || fail "nothing moves with a full disk"
+    stop "with a full disk"
+    recording=$(echo "$folder"/recordings/*)
+    ! grep quit "$recording" || fail "there is room for all of the recording"
+    [ -z "$(tail -c 1 "$recording")" ] || fail "the recording on a full disk ends with: $(tail -n 1 "$recording")"
+    "$programs/replay" "$recording" || fail "the recording on a full disk, played, shows something else"
+}
+
 one_is_left()
 {
     local copy
@@ -221,6 +237,7 @@ begin
 test_kill
 test_folders
 test_sound
+test_full_disk
 test_copies
 test_loss_of_display
 echo "the game went on or ended in order"

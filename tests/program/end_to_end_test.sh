@@ -57,6 +57,7 @@ wait_for "the program to end after \"Exit\"" ended "$game"
 wait "$game" || fail "exit code $?"
 [ "$(cat played/log.txt)" = "$expected_log" ] || fail "the log: $(cat played/log.txt)"
 recording=$(find played/recordings -name '*.mygame' | sort | tail -n 1)
+[[ $recording =~ /[0-9]{4}(-[0-9]{2}){2}\ [0-9]{2}(\.[0-9]{2}){2}\.mygame$ ]] || fail "no name for a recording: $recording"
 [ "$(grep -c ' check ' "$recording")" -ge 5 ] || fail "the recording holds too few checks: $(cat "$recording")"
 "$programs/replay" "$recording" || fail "the recording, played, shows something else: $(cat "$recording")"
 rm log.txt

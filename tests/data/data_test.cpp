@@ -1,9 +1,12 @@
-/// What the fonts in data/ must keep for the texts to fit.
+/// What the pictures in data/ must keep for the game to work.
+#include <filesystem>
+#include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
 
 #include "game/game_state.h"
+#include "graphics/image_loading.h"
 #include "platform/virtual/virtual_device.h"
 #include "shell/startup.h"
 
@@ -20,6 +23,39 @@ Program &program()
     platform::useDevice(*device);
     static auto *program = new Program;
     return *program;
+}
+
+template <class Picture, class... Arguments> Picture loaded(const std::string &file, Arguments... arguments)
+{
+    program();
+    Picture picture;
+    EXPECT_TRUE(picture.load(dataFilePath({file.begin(), file.end()}), arguments...)) << file;
+    return picture;
+}
+
+TEST(Data, HasPicturesOfTheSizeOfTheirPlaceInLessThanAMegabyte)
+{
+    const struct {
+        const char *file;
+        std::int32_t width, height, spareWidth, spareHeight;
+    } kPlaces[] = {{"bg.jpg", 240, 320, 0, 0},
+                   {"menu.jpg", 240, 320, 0, 0},
+                   {"game_over.jpg", 240, 320, 0, 0},
+                   {"shop.png", 240, 320, 0, 0},
+                   {"nuke.png", 33 - 7, 320 - 296, 6, 6},
+                   {"menu.png", 240 - 210, 320 - 290, 0, 0},
+                   {"menu_left.png", 61, 30, 16, 6},
+                   {"menu_right.png", 240 - 180, 30, 16, 6},
+                   {"satellite.png", 30, 30, 6, 6}};
+    for (const auto &[file, width, height, spareWidth, spareHeight] : kPlaces) {
+        const auto picture = loaded<Surface>(file);
+        EXPECT_TRUE(picture.width() <= width && picture.width() >= width - spareWidth) << file;
+        EXPECT_TRUE(picture.height() <= height && picture.height() >= height - spareHeight) << file;
+    }
+    std::uintmax_t bytes = 0;
+    for (const auto &file : std::filesystem::directory_iterator(DATA_FOLDER))
+        bytes += file.file_size();
+    EXPECT_LT(bytes, 1024u * 1024u);
 }
 
 TEST(Data, FitsTheTexts)

@@ -248,6 +248,12 @@ describe('a page that cannot play says why', () => {
       await keepPicture(page, 'trouble');
     });
 
+  pageTest('of a missing module', DESKTOP, async (page) => {
+    server.instead.set('sound.js', null);
+    await page.goto(server.url);
+    assert.match(await troubleOf(page), /missing/);
+  });
+
   pageTest('of a browser without WebAssembly', DESKTOP, async (page) => {
     await page.evaluateOnNewDocument(() => delete window.WebAssembly);
     await page.goto(server.url);

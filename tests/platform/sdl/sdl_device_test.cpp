@@ -296,6 +296,17 @@ TEST(EscapeKey, CountsWhenPressedTwiceWithinTwoSeconds)
     EXPECT_FALSE(escape.press(start + 5s));
 }
 
+TEST(Pixels, AreConvertedExactly)
+{
+    for (unsigned pixel = 0; pixel <= 0xFFFF; ++pixel) {
+        const unsigned red = pixel >> 11, green = pixel >> 5 & 63, blue = pixel & 31;
+        const unsigned rgb =
+            (red * 8 + red / 4) << 16 | (green * 4 + green / 16) << 8 | (blue * 8 + blue / 4);
+        ASSERT_EQ(common::toXrgb8888(static_cast<std::uint16_t>(pixel)), 0xFF000000 | rgb)
+            << "pixel " << pixel;
+    }
+}
+
 TEST(Pixels, BecomeSquaresAndNothingElseIsWritten)
 {
     constexpr std::uint32_t kUntouched = 0x12345678;

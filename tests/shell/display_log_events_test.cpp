@@ -1,8 +1,9 @@
-/// The display and the log.
+/// The display, the log and the event bus.
 #include <cstring>
 #include <string>
 
 #include "shell/display.h"
+#include "shell/event_bus.h"
 #include "tests/support/device_test.h"
 
 namespace mygame::tests
@@ -88,6 +89,31 @@ TEST_F(DisplayTest, StartsTheLogAnewAndTriesAgainAfterAFailure)
     std::filesystem::remove("log.txt");
     logText("kept");
     EXPECT_EQ(logged(), "kept");
+}
+
+/// Counts events, and may keep them from later listeners.
+struct Counter final : EventListener {
+    bool onEvent(const Event &) override
+    {
+        ++count;
+        return keeps;
+    }
+
+    bool keeps = false;
+    int count = 0;
+};
+
+TEST(EventBusTest, StopsAtAListenerThatKeepsTheEvent)
+{
+    EventBus bus;
+    Counter early, keeping, late;
+    keeping.keeps = true;
+    for (Counter *counter : {&early, &keeping, &late})
+        bus.subscribe(1, counter);
+    bus.post<Event>(1);
+    EXPECT_EQ(early.count, 0) << "delivered too early";
+    bus.dispatchAll();
+    EXPECT_TRUE(early.count == 1 && keeping.count == 1 && late.count == 0);
 }
 
 } // namespace

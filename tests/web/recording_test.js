@@ -240,10 +240,12 @@ describe('a link', () => {
     assert.ok(((link.length - BEGINNING) / Number(length.slice(2, 4))) * 180 < 8000 - BEGINNING, `${link.length} characters`);
 
     // Anew from the beginning, paused there, and forwards, all before the next refresh.
-    await other.evaluate(() => {
+    const time = await other.evaluate(() => {
       for (const key of [' ', ' ', 'ArrowRight']) dispatchEvent(new KeyboardEvent('keydown', { key }));
+      return document.getElementById('time').textContent;
     });
-    for (const key of ['+', '+', '-']) await other.keyboard.press(key);
+    assert.match(time, /^0:05 /);
+    for (const key of ['ArrowRight', 'Home', 'ArrowRight', '+', '+', '-']) await other.keyboard.press(key);
     await other.waitForFunction(() => document.getElementById('time').textContent.startsWith('0:05 '));
     assert.strictEqual(await other.$eval('#speed', (speed) => speed.textContent), '2 ×');
     await other.click('#play');
